@@ -13,8 +13,8 @@ class Fault : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
-// Thrown through a running handler when the program ends in the middle of it. It is no std::exception, so that
-// the places that ignore errors let it pass.
+// Thrown through a running handler when the program ends in the middle of it. It is no std::exception, so
+// that the places that ignore errors let it pass.
 struct ProgramEnded {};
 
 // Runs one step whose failure must not stop the sequence it belongs to. `step` says what is ignored and why

@@ -1,5 +1,6 @@
-// The seam to the host: the ways out to the board, the clock, the host itself and the screen. Each interface has
-// one real implementation, one virtual one and one fake for tests. Any operation may throw std::exception.
+// The seam to the host: the ways out to the board, the clock, the host itself and the screen. Each interface
+// has one real implementation, one virtual one and one fake for tests. Any operation may throw
+// std::exception.
 #pragma once
 
 #include <cstdint>
@@ -41,8 +42,8 @@ class UsbInterface {
   virtual void UsbClose() = 0;
   virtual void UsbWritePort(std::string_view port, std::uint8_t pins) = 0;
   virtual std::uint8_t UsbReadPort(std::string_view port) = 0;
-  // Shifts `word` out, last character first, with load enable low, then pulses load enable high and leaves all
-  // lines low.
+  // Shifts `word` out, last character first, with load enable low, then pulses load enable high and leaves
+  // all lines low.
   virtual void UsbShiftWord(std::string_view clockPin, std::string_view dataPin, std::string_view loadPin,
                             std::string_view sparePin, int mode, std::string_view word) = 0;
   virtual std::uint8_t UsbReadPin(std::string_view pin) = 0;  // 1: the pin is high
@@ -88,7 +89,8 @@ class Screen {
  public:
   virtual ~Screen() = default;
   // Modal, with one OK button; returns when the operator has answered.
-  virtual void messageBox(const std::string& text, Icon icon, const std::string& title = kApplicationTitle) = 0;
+  virtual void messageBox(const std::string& text, Icon icon,
+                          const std::string& title = kApplicationTitle) = 0;
   // Shows a form beside the others.
   virtual void show(forms::Form& form) = 0;
   // Shows a form modally; returns when it is hidden again.

@@ -1,0 +1,42 @@
+// The values that the whole program shares.
+#pragma once
+
+#include <memory>
+
+#include "engine/Types.h"
+
+namespace tessarine {
+
+class EngineView;
+class PLL;
+struct Platform;
+
+struct Module1 {
+  explicit Module1(Platform& host);
+  ~Module1();
+  Module1(const Module1&) = delete;
+  Module1& operator=(const Module1&) = delete;
+
+  // The one engine object, created on first use.
+  PLL& ThePLL();
+
+  Platform& platform;
+  EngineView* view = nullptr;  // set by the main window, which outlives every command
+
+  String CurrentModel;           // the model chosen in the menu: the key of every chip decision
+  Integer PortAddress = 0;       // base address of the parallel port
+  String PortType;               // "LPT" or "USB"
+  Integer UseDlPort = 0;         // non-zero: port access through the driver
+  Integer PolarityNegative = 0;  // true while "Polarity Positive" is clear
+
+  // The file browser's way of handing its result back.
+  String BrowseResult;
+  String BrowseFileName;
+  String BrowsePath;
+  String BrowseDrive;
+
+ private:
+  std::unique_ptr<PLL> pll_;
+};
+
+}  // namespace tessarine
