@@ -91,8 +91,6 @@ class Screen {
   // Modal, with one OK button; returns when the operator has answered.
   virtual void messageBox(const std::string& text, Icon icon,
                           const std::string& title = kApplicationTitle) = 0;
-  // Shows a form beside the others.
-  virtual void show(forms::Form& form) = 0;
   // Shows a form modally; returns when it is hidden again.
   virtual void showModal(forms::Form& form) = 0;
   // Paints a control at once.

@@ -1,0 +1,182 @@
+#include "forms/Operator.h"
+
+#include <exception>
+
+#include "forms/FileControls.h"
+#include "platform/Fault.h"
+
+namespace tessarine::forms {
+
+namespace {
+
+// Whether a control takes a click of its own.
+bool takesClicks(Kind kind) {
+  switch (kind) {
+    case Kind::Label:
+    case Kind::CommandButton:
+    case Kind::CheckBox:
+    case Kind::OptionButton:
+    case Kind::Menu:
+    case Kind::PictureBox:
+    case Kind::Frame:
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool isList(Kind kind) {
+  switch (kind) {
+    case Kind::ComboBox:
+    case Kind::DropList:
+    case Kind::DriveListBox:
+    case Kind::DirListBox:
+    case Kind::FileListBox:
+      return true;
+    default:
+      return false;
+  }
+}
+
+int itemWith(const ListControl& list, std::string_view text) {
+  const auto& texts = list.List.get();
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    if (texts[i] == text) return static_cast<int>(i);
+  }
+  return -1;
+}
+
+}  // namespace
+
+Operator::Refusal Operator::refusal(const Control& control) const {
+  const std::string name = forms_.nameOf(control);
+  if (!control.isVisible()) return name + " is not visible";
+  if (!control.isEnabled()) return name + " is disabled";
+  if (const Form* modal = forms_.modal(); modal && modal != &control.form()) {
+    return name + " takes no input while " + modal->name() + " is open";
+  }
+  return {};
+}
+
+void Operator::run(const Event& action) {
+  try {
+    try {
+      if (action) action();
+    } catch (const std::exception& fault) {
+      screen_.messageBox(fault.what(), Icon::critical);
+    }
+  } catch (const ProgramEnded&) {
+    // The program ends: whoever runs the windows' events sees it there.
+  }
+}
+
+Operator::Refusal Operator::click(Control& control) {
+  if (auto why = refusal(control)) return why;
+  if (!takesClicks(control.kind())) return forms_.nameOf(control) + " is not for clicking";
+  run([&] {
+    forms_.activate(control.form());
+    if (control.kind() == Kind::CheckBox) {
+      auto& box = static_cast<CheckBox&>(control);
+      box.Value = box.Value ? 0 : 1;
+    } else if (control.kind() == Kind::OptionButton && !static_cast<OptionButton&>(control).Value) {
+      static_cast<OptionButton&>(control).Value = true;
+    } else if (control.Click) {
+      // A copy: the handler may end with the control's handler replaced.
+      const Event handler = control.Click;
+      handler();
+    }
+  });
+  return {};
+}
+
+Operator::Refusal Operator::doubleClick(Control& control) {
+  if (auto why = refusal(control)) return why;
+  run([&] {
+    forms_.activate(control.form());
+    if (control.kind() == Kind::DirListBox) {
+      auto& directories = static_cast<DirListBox&>(control);
+      directories.enterItem(directories.ListIndex);
+    }
+    if (const Event handler = control.DblClick) handler();
+  });
+  return {};
+}
+
+Operator::Refusal Operator::type(Control& control, std::string_view text) {
+  if (auto why = refusal(control)) return why;
+  if (control.kind() != Kind::TextBox && control.kind() != Kind::ComboBox) {
+    return forms_.nameOf(control) + " takes no text";
+  }
+  run([&] {
+    forms_.activate(control.form());
+    if (control.kind() == Kind::TextBox) {
+      static_cast<TextBox&>(control).Text = std::string(text);
+    } else {
+      static_cast<ComboBox&>(control).Text = std::string(text);
+    }
+    if (const Event handler = control.KeyUp) handler();
+  });
+  return {};
+}
+
+Operator::Refusal Operator::pick(Control& control, int item) {
+  if (auto why = refusal(control)) return why;
+  if (!isList(control.kind())) return forms_.nameOf(control) + " is no list";
+  auto& list = static_cast<ListControl&>(control);
+  if (item < 0 || static_cast<std::size_t>(item) >= list.List.get().size()) {
+    return forms_.nameOf(control) + " has no item " + std::to_string(item);
+  }
+  run([&] {
+    forms_.activate(control.form());
+    if (control.kind() == Kind::ComboBox) {
+      static_cast<ComboBox&>(control).pick(item);
+    } else {
+      list.ListIndex = item;
+    }
+  });
+  return {};
+}
+
+Operator::Refusal Operator::set(Control& control, std::string_view value) {
+  const std::string name = forms_.nameOf(control);
+  switch (control.kind()) {
+    case Kind::CheckBox:
+      if (value != "0" && value != "1") return name + " takes 0 or 1";
+      if (auto why = refusal(control)) return why;
+      run([&] { static_cast<CheckBox&>(control).Value = value == "1" ? 1 : 0; });
+      return {};
+    case Kind::OptionButton:
+      if (value != "1") return name + " takes 1";
+      return click(control);
+    case Kind::DirListBox:
+      if (auto why = refusal(control)) return why;
+      if (const int item = itemWith(static_cast<ListControl&>(control), value); item >= 0) {
+        run([&] { static_cast<DirListBox&>(control).enterItem(item); });
+      } else {
+        run([&] { static_cast<DirListBox&>(control).enter(std::string(value)); });
+      }
+      return {};
+    case Kind::DropList:
+    case Kind::DriveListBox:
+    case Kind::FileListBox: {
+      const int item = itemWith(static_cast<ListControl&>(control), value);
+      if (item < 0) return name + " has no item \"" + std::string(value) + "\"";
+      return pick(control, item);
+    }
+    default:
+      return type(control, value);
+  }
+}
+
+void Operator::activate(Form& form) {
+  if (const Form* modal = forms_.modal(); modal && modal != &form) return;
+  run([&] { forms_.activate(form); });
+}
+
+Operator::Refusal Operator::close(Form& form) {
+  if (auto why = refusal(form)) return why;
+  run([&] { form.Form_QueryUnload(); });
+  return {};
+}
+
+}  // namespace tessarine::forms
