@@ -8,8 +8,9 @@
 
 namespace tessarine {
 
-// The number at the front of a text: leading blanks skipped, an optional sign, digits and one decimal point;
-// the first other character ends it. 0 without one. No exponent, no hexadecimal, no inf or nan.
+// The number at the front of a text: leading blanks (spaces and tabs) skipped, an optional sign, digits and
+// one decimal point; the first other character ends it. 0 without one. No exponent, no hexadecimal, no inf or
+// nan; more digits than a Double can hold give infinity.
 [[nodiscard]] double leadingNumber(std::string_view text);
 
 // The same, rounded to the nearest Integer with ties to even; a Fault names `field` when it is beyond 16
@@ -23,6 +24,10 @@ namespace tessarine {
 // Always six decimals, as in "1747.200000".
 [[nodiscard]] std::string sixDecimals(double value);
 
+// A value as a message names it: plain decimal, with an exponent only from 1e15 on.
+[[nodiscard]] std::string messageNumber(double value);
+
+// Without the blanks (spaces and tabs) at both ends.
 [[nodiscard]] std::string_view trimmed(std::string_view text);
 
 }  // namespace tessarine

@@ -17,4 +17,7 @@ namespace tessarine {
 // beyond 16 bits.
 [[nodiscard]] Integer toInteger(double value, std::string_view name);
 
+// The same for 32 bits.
+[[nodiscard]] std::int32_t toLong(double value, std::string_view name);
+
 }  // namespace tessarine

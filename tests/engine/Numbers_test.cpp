@@ -1,0 +1,80 @@
+#include "engine/Numbers.h"
+
+#include <gtest/gtest.h>
+
+#include <clocale>
+#include <cmath>
+#include <limits>
+#include <string>
+
+namespace tessarine {
+namespace {
+
+TEST(Numbers, TheLeadingNumberOfATextIsRead) {
+  const struct {
+    const char* text;
+    double value;
+  } cases[] = {
+      {"", 0},        {"abc", 0}, {"  \t12", 12},   {"16/17", 16}, {"-3.5x", -3.5}, {"+7", 7},
+      {"1.2.3", 1.2}, {"1e3", 1}, {"0x10", 0},      {"inf", 0},    {"nan", 0},      {"900,5", 900},
+      {".5", 0.5},    {"5.", 5},  {".", 0},         {"-", 0},      {"- 5", 0},      {"--5", 0},
+      {"1 000", 1},   {"\n5", 0}, {"26.0 MHz", 26}, {"007", 7},    {"+-1", 0},      {"1747.2", 1747.2},
+  };
+  for (const auto& c : cases) EXPECT_EQ(leadingNumber(c.text), c.value) << c.text;
+  EXPECT_FALSE(std::signbit(leadingNumber("-0")));
+}
+
+TEST(Numbers, ManyDigitsDoNoHarm) {
+  EXPECT_EQ(leadingNumber(std::string(5000, '0') + "42"), 42);
+  EXPECT_EQ(leadingNumber("1." + std::string(5000, '1')), 1 + 1.0 / 9);
+  EXPECT_EQ(leadingNumber("0." + std::string(5000, '0') + "1"), 0);
+  EXPECT_EQ(leadingNumber("-" + std::string(5000, '9')), -std::numeric_limits<double>::infinity());
+}
+
+TEST(Numbers, AnIntegerOfATextTakesTheEvenNeighbour) {
+  EXPECT_EQ(leadingInteger("8.5", "x"), 8);
+  EXPECT_EQ(leadingInteger("9.5", "x"), 10);
+}
+
+TEST(Numbers, DecimalTextIsPlain) {
+  const struct {
+    double value;
+    int digits;
+    const char* text;
+  } cases[] = {
+      {0, 15, "0"},
+      {-0.0, 7, "0"},
+      {0.5, 15, "0.5"},
+      {0.1 + 0.2, 15, "0.3"},
+      {200, 15, "200"},
+      {26000, 2, "26000"},
+      {1e20, 15, "100000000000000000000"},
+      {-1.25e-7, 15, "-0.000000125"},
+      {12345.678, 7, "12345.68"},
+      {999999.96, 7, "1000000"},
+      {123456789, 7, "123456800"},
+  };
+  for (const auto& c : cases) EXPECT_EQ(plainDecimal(c.value, c.digits), c.text);
+  EXPECT_EQ(sixDecimals(1747.2), "1747.200000");
+  EXPECT_EQ(sixDecimals(-0.0000004), "-0.000000");
+  EXPECT_EQ(messageNumber(1e300), "1e+300");
+}
+
+TEST(Numbers, TheLocaleDoesNotMatter) {
+  const std::string before = std::setlocale(LC_ALL, nullptr);
+  for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "fr_FR.utf8"}) {
+    if (std::setlocale(LC_ALL, name) != nullptr) break;
+  }
+  EXPECT_EQ(leadingNumber("1.5"), 1.5);
+  EXPECT_EQ(plainDecimal(1.5, 15), "1.5");
+  EXPECT_EQ(sixDecimals(1.5), "1.500000");
+  std::setlocale(LC_ALL, before.c_str());
+}
+
+TEST(Numbers, TrimmingTakesBlanksAtBothEndsOnly) {
+  EXPECT_EQ(trimmed(" \t a b \t"), "a b");
+  EXPECT_EQ(trimmed("   "), "");
+}
+
+}  // namespace
+}  // namespace tessarine

@@ -1,0 +1,150 @@
+#include "support/FakePlatform.h"
+
+#include <algorithm>
+#include <cmath>
+#include <stdexcept>
+#include <utility>
+
+#include "platform/Fault.h"
+
+namespace tessarine {
+
+double FakeClock::secondsSinceMidnight() {
+  return static_cast<double>((startOfDay + elapsed) % kDay) / static_cast<double>(kSecond);
+}
+
+void FakePort::DlPortWritePortUchar(std::uint16_t address, std::uint8_t value) {
+  write(address, value, true);
+}
+std::uint8_t FakePort::DlPortReadPortUchar(std::uint16_t address) { return read(address, true); }
+void FakePort::OutputByte1(std::uint16_t address, std::uint8_t value) { write(address, value, false); }
+std::uint8_t FakePort::InputByte1(std::uint16_t address) { return read(address, false); }
+
+void FakePort::write(std::uint16_t address, std::uint8_t value, bool throughDriver) {
+  ++writes_;
+  accesses.push_back({Access::Kind::write, address, value, throughDriver});
+  if (fails && fails(accesses.back())) throw std::runtime_error("the port cannot be written");
+  registers_[address] = value;
+}
+
+std::uint8_t FakePort::read(std::uint16_t address, bool throughDriver) {
+  const auto written = registers_[address];
+  const auto value = writes_ >= echoFromWrite ? written : static_cast<std::uint8_t>(~written);
+  accesses.push_back({Access::Kind::read, address, value, throughDriver});
+  if (fails && fails(accesses.back())) throw std::runtime_error("the port cannot be read");
+  return value;
+}
+
+std::vector<int> FakePort::bytes() const {
+  std::vector<int> written;
+  for (const auto& access : accesses) {
+    if (access.kind == Access::Kind::write) written.push_back(access.value);
+  }
+  return written;
+}
+
+int FakePort::count(Access::Kind kind) const {
+  return static_cast<int>(std::count_if(accesses.begin(), accesses.end(),
+                                        [kind](const Access& access) { return access.kind == kind; }));
+}
+
+std::vector<std::string> FakePort::latches(int clock, int data, int loadEnable) const {
+  std::vector<std::string> words;
+  std::string bits;
+  int before = 0;
+  for (const int now : bytes()) {
+    const int rising = now & ~before;
+    if ((rising & clock) != 0) bits.push_back((now & data) != 0 ? '1' : '0');
+    if ((rising & loadEnable) != 0) words.push_back(std::exchange(bits, {}));
+    before = now;
+  }
+  return words;
+}
+
+void FakeUsb::record(const std::string& call) {
+  calls.push_back(call);
+  if (fails) throw std::runtime_error("the USB interface does not answer");
+}
+
+void FakeUsb::UsbOpen(int device) { record("open " + std::to_string(device)); }
+void FakeUsb::UsbClose() { record("close"); }
+
+void FakeUsb::UsbWritePort(std::string_view port, std::uint8_t pins) {
+  record("write " + std::string(port) + " " + std::to_string(pins));
+}
+
+std::uint8_t FakeUsb::UsbReadPort(std::string_view port) {
+  record("read " + std::string(port));
+  return portPins;
+}
+
+void FakeUsb::UsbShiftWord(std::string_view clockPin, std::string_view dataPin, std::string_view loadPin,
+                           std::string_view sparePin, int mode, std::string_view word) {
+  std::string call = "shift ";
+  for (const auto pin : {clockPin, dataPin, loadPin, sparePin}) call.append(pin).append(" ");
+  record(call + std::to_string(mode) + " " + std::string(word));
+}
+
+std::uint8_t FakeUsb::UsbReadPin(std::string_view pin) {
+  record("pin " + std::string(pin));
+  return lockPin;
+}
+
+void FakeHost::startPortDriver() { startProgram("port driver"); }
+
+void FakeHost::startProgram(const std::string& path) {
+  programs.push_back(path);
+  if (startFails) throw std::runtime_error("no such program: " + path);
+}
+
+long FakeHost::RegOpenKeyExA(std::uint32_t, const std::string& key, std::uint32_t, std::uintptr_t& handle) {
+  const auto entry = registry.lower_bound(key + "\\");
+  if (entry == registry.end() || entry->first.rfind(key + "\\", 0) != 0) return 2;
+  handle = openKeys.size() + 1;
+  openKeys[handle] = key;
+  return 0;
+}
+
+long FakeHost::RegQueryValueExA(std::uintptr_t handle, const std::string& name, std::uint32_t& type,
+                                std::string& data) {
+  const auto entry = registry.find(openKeys.at(handle) + "\\" + name);
+  if (entry == registry.end()) return 2;
+  type = 1;  // text
+  data = entry->second;
+  return 0;
+}
+
+void FakeScreen::at(int milliseconds, std::function<void()> action) {
+  actions_.emplace(clock_.elapsed + milliseconds * (FakeClock::kSecond / 1000), std::move(action));
+}
+
+void FakeScreen::messageBox(const std::string& text, Icon icon, const std::string& title) {
+  messages.push_back({text, icon, title});
+  if (whileMessageIsOpen) whileMessageIsOpen();
+}
+
+void FakeScreen::showModal(forms::Form& form) {
+  shown.push_back(&form);
+  if (whileModal) whileModal(form);
+}
+
+void FakeScreen::processEvents() {
+  ++eventRounds;
+  while (!actions_.empty() && actions_.begin()->first <= clock_.elapsed) {
+    const auto action = std::move(actions_.begin()->second);
+    actions_.erase(actions_.begin());  // before it runs: it may wait, and so come back here
+    action();
+  }
+}
+
+void FakeScreen::sleepUntilEvent(double seconds) {
+  const auto span =
+      std::max<std::int64_t>(1, std::llround(seconds * static_cast<double>(FakeClock::kSecond)));
+  const auto deadline = clock_.elapsed + span;
+  const auto next = actions_.empty() ? deadline : actions_.begin()->first;
+  clock_.elapsed = std::max(clock_.elapsed, std::min(deadline, next));
+}
+
+void FakeScreen::endProgram() { throw ProgramEnded{}; }
+
+}  // namespace tessarine

@@ -1,0 +1,32 @@
+// The private steps and tables of the engine, for tests and benchmarks of one step.
+#pragma once
+
+#include "engine/PLL.h"
+
+namespace tessarine {
+
+struct PLLProbe {
+  static bool calcRegisters(PLL& pll) { return pll.CalcRegisters(); }
+  static void shiftOut(PLL& pll, const String& word) { pll.ShiftOut(word); }
+  static void loadFstr(PLL& pll) { pll.LoadFstr(); }
+  static void loadMstr(PLL& pll) { pll.LoadMstr(); }
+  static void loadRstr(PLL& pll) { pll.LoadRstr(); }
+  static void loadNstr(PLL& pll) { pll.LoadNstr(); }
+  static void loadR0(PLL& pll) { pll.LoadR0(); }
+  static void loadR1(PLL& pll) { pll.LoadR1(); }
+  static void loadR4(PLL& pll, Integer index) { pll.LoadR4(index); }
+  static void loadR8(PLL& pll) { pll.LoadR8(); }
+
+  static double nTotal(const PLL& pll) { return pll.NTotal; }
+  static double rTotal(const PLL& pll) { return pll.RTotal; }
+  static double bCount(const PLL& pll) { return pll.BCount; }
+  static double aCount(const PLL& pll) { return pll.ACount; }
+  static const String& prevR2(const PLL& pll) { return pll.Prev_R2; }
+
+  static std::vector<Integer>& phaseTable(PLL& pll) { return pll.PhaseTable; }
+  static std::vector<Single>& bandLow(PLL& pll) { return pll.CurrentSet2Low; }
+  static std::vector<Single>& bandHigh(PLL& pll) { return pll.CurrentSet2High; }
+  static std::vector<String>& bandCode(PLL& pll) { return pll.CurrentSet2Code; }
+};
+
+}  // namespace tessarine
