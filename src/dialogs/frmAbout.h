@@ -1,0 +1,42 @@
+// The About box: names the program and starts the host's system information tool.
+#pragma once
+
+#include "engine/Module1.h"
+#include "forms/Build.h"
+#include "forms/Form.h"
+
+namespace tessarine {
+
+class frmAbout : public forms::Form {
+ public:
+  frmAbout(forms::FormList& forms, Module1& module);
+
+  void Form_Load() override;
+  void cmdOK_Click();
+  void cmdSysInfo_Click();
+
+  // Starts the system information tool, or says that there is none.
+  void StartSysInfo();
+  // Reads one value of the host's registry: a text, or a double word as its decimal digits. False: not read.
+  bool GetKeyValue(std::uint32_t KeyRoot, const std::string& KeyName, const std::string& SubKeyRef,
+                   std::string& KeyVal);
+
+  // clang-format off
+  forms::One<forms::PictureBox> picIcon{*this, "picIcon", "", {}};
+  forms::One<forms::Label> lblTitle       {*this, "lblTitle", "", {}, forms::heading};
+  forms::One<forms::Label> lblVersion     {*this, "lblVersion", "Rev. B1", {}};
+  forms::One<forms::Label> lblDescription {*this, "lblDescription", "Synthesizer Control for PLL evaluation boards: register words from frequencies, on the wire and proved. F12 opens the board's own window.", {}};
+  forms::Array<forms::Line> Line1{"Line1", {
+      {0, *this, "", {}},
+      {1, *this, "", {}},
+    }};
+  forms::One<forms::Label> lblDisclaimer  {*this, "lblDisclaimer", "Made for the bench. Check the settings against the chip's data sheet before you power a board.", {}};
+  forms::One<forms::CommandButton> cmdOK{*this, "cmdOK", "OK", {}, forms::isDefault, forms::isCancel, forms::click(this, &frmAbout::cmdOK_Click)};
+  forms::One<forms::CommandButton> cmdSysInfo{*this, "cmdSysInfo", "&System Info...", {}, forms::click(this, &frmAbout::cmdSysInfo_Click)};
+  // clang-format on
+
+ private:
+  Module1& module_;
+};
+
+}  // namespace tessarine
