@@ -197,6 +197,7 @@ class PLL {
   void LoadR7();
   void LoadR8();
   void LoadR9();
+  void loadNumbered(const String& Word);
   void standardStrobe();
   void fixedStrobe();
 

@@ -22,15 +22,14 @@ std::string faultOf(const auto& action) {
 
 TEST(BitStrings, AnIntegerTurnsIntoDigitsAndIsConsumed) {
   const struct {
-    Integer value;
     std::string digits;
-    Integer left;
-  } cases[] = {{0, "0", 0},
-               {1, "1", 0},
-               {6, "110", 0},
-               {32767, std::string(15, '1'), 0},
-               {-1, std::string(16, '1'), -1},
-               {-32768, "1" + std::string(15, '0'), -32768}};
+    Integer value, left;
+  } cases[] = {{"0", 0, 0},
+               {"1", 1, 0},
+               {"110", 6, 0},
+               {std::string(15, '1'), 32767, 0},
+               {std::string(16, '1'), -1, -1},
+               {"1" + std::string(15, '0'), -32768, -32768}};
   for (const auto& c : cases) {
     Integer value = c.value;
     EXPECT_EQ(PLL::IntToBin(value), c.digits);

@@ -1,0 +1,136 @@
+// How words reach the chip: bit by bit over clock and data, then a pulse on load enable.
+#include <exception>
+#include <string>
+
+#include "engine/PLL.h"
+#include "platform/Platform.h"
+#include "transport/PortAccess.h"
+
+namespace tessarine {
+namespace {
+
+constexpr Integer kStrobeMs = 10;
+constexpr int kR0ExtraLine = 16;  // connector pin 6, raised together with load enable for R0
+
+// The fixed strobe keeps what is no line of the default wiring, and pulses the default load enable.
+constexpr int kFixedStrobeKeeps = 232;
+constexpr int kFixedLoadEnable = 4;
+
+// The port's byte; `driven`, the byte last written, when the port cannot be read: the load goes on.
+int linesOnPort(Module1& module, int driven) {
+  try {
+    return PortRead(module, module.PortAddress);
+  } catch (const std::exception&) {
+    return driven;
+  }
+}
+
+}  // namespace
+
+void PLL::ShiftOut(const String& Word) {
+  // A copy: a port that is retried lets events run, and these may rebuild the member that Word refers to.
+  const String word = Word;
+  if (usesUsb(module_)) {
+    module_.platform.usb.UsbShiftWord("B3", "B2", "B1", "B0", 0, word);
+    return;
+  }
+  PortWrite(module_, module_.PortAddress, 0);
+  for (auto bit = word.rbegin(); bit != word.rend(); ++bit) {
+    const int data = *bit == '1' ? DATAbit : 0;
+    PortWrite(module_, module_.PortAddress, data);
+    const int lines = linesOnPort(module_, data);
+    PortWrite(module_, module_.PortAddress, lines | CLOCKbit);
+    PortWrite(module_, module_.PortAddress, lines & ~CLOCKbit);
+  }
+}
+
+// Leaves load enable high; it falls with the first write of the next word, or with the end of the load.
+void PLL::standardStrobe() {
+  PortWrite(module_, module_.PortAddress, 0);
+  DelayMs(module_, kStrobeMs);
+  PortWrite(module_, module_.PortAddress, LEbit);
+  DelayMs(module_, kStrobeMs);
+}
+
+void PLL::fixedStrobe() {
+  const int lines = linesOnPort(module_, 0) & kFixedStrobeKeeps;
+  PortWrite(module_, module_.PortAddress, lines);
+  DelayMs(module_, kStrobeMs);
+  PortWrite(module_, module_.PortAddress, lines | kFixedLoadEnable);
+  DelayMs(module_, kStrobeMs);
+}
+
+void PLL::LoadFstr() {
+  ShiftOut(FStr);
+  standardStrobe();
+}
+
+void PLL::LoadMstr() {
+  ShiftOut(MStr);
+  standardStrobe();
+}
+
+void PLL::LoadRstr() {
+  ShiftOut(Rstr);
+  standardStrobe();
+}
+
+void PLL::LoadNstr() {
+  ShiftOut(Nstr);
+  standardStrobe();
+}
+
+// The numbered words rely on the USB interface's own load pulse.
+void PLL::loadNumbered(const String& Word) {
+  ShiftOut(Word);
+  if (!usesUsb(module_)) standardStrobe();
+}
+
+void PLL::LoadR0() {
+  ShiftOut(R0);
+  if (usesUsb(module_)) return;
+  PortWrite(module_, module_.PortAddress, 0);
+  PortWrite(module_, module_.PortAddress, LEbit + kR0ExtraLine);
+}
+
+void PLL::LoadR1() { loadNumbered(r1); }
+
+void PLL::LoadR2() {
+  loadNumbered(R2);
+  if (!usesUsb(module_)) Prev_R2 = R2;
+}
+
+void PLL::LoadR3() { loadNumbered(R3); }
+
+void PLL::LoadR4(const Integer& Index) {
+  switch (Index) {
+    case 1:
+      ShiftOut(R4);
+      break;
+    case 2:
+      ShiftOut(R4_2);
+      break;
+    case 3:
+      ShiftOut(R4_3);
+      break;
+    default:
+      break;  // no such word, and the strobe all the same
+  }
+  if (!usesUsb(module_)) standardStrobe();
+}
+
+void PLL::LoadR5() { loadNumbered(R5); }
+void PLL::LoadR6() { loadNumbered(R6); }
+void PLL::LoadR7() { loadNumbered(R7); }
+
+void PLL::LoadR8() {
+  ShiftOut(R8);
+  if (!usesUsb(module_)) fixedStrobe();
+}
+
+void PLL::LoadR9() {
+  ShiftOut(R9);
+  if (!usesUsb(module_)) fixedStrobe();
+}
+
+}  // namespace tessarine

@@ -1,0 +1,126 @@
+#include "transport/PortAccess.h"
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <string>
+
+#include "platform/Fault.h"
+#include "support/EngineBench.h"
+
+namespace tessarine {
+namespace {
+
+using Kind = FakePort::Access::Kind;
+
+TEST(PortAccess, EachTryIsAWriteAndAReadUntilThePortEchoes) {
+  const struct {
+    const char* port;
+    int echoFromWrite, writes, waits, failures;
+  } cases[] = {
+      {"echoes at once", 1, 1, 0, 0},
+      {"echoes from the third write on", 3, 3, 0, 0},
+      {"first echoes at try 100", 101, 101, 0, 0},
+      {"first echoes at try 105", 106, 106, 5, 0},
+      {"echoes at the last try", 110, 110, 9, 0},
+      {"never echoes", kNeverEchoes, 110, 9, 1},
+  };
+  for (const auto& c : cases) {
+    EngineBench bench;
+    bench.host.port.echoFromWrite = c.echoFromWrite;
+    EXPECT_EQ(PortWrite(bench.module, 888, 5), c.failures == 0 ? 1 : 0) << c.port;
+    EXPECT_EQ(bench.host.port.count(Kind::write), c.writes) << c.port;
+    EXPECT_EQ(bench.host.port.count(Kind::read), c.writes) << c.port;
+    EXPECT_EQ(bench.host.clock.elapsed, c.waits * FakeClock::kSecond / 20) << c.port;
+    EXPECT_EQ(bench.host.clock.beeps, c.failures) << c.port;
+    EXPECT_EQ(bench.host.screen.messages,
+              std::vector<Message>(static_cast<std::size_t>(c.failures),
+                                   {"Error with Output Port Address 888", Icon::critical, "Ouput port Err"}))
+        << c.port;
+  }
+}
+
+TEST(PortAccess, ACallThatFailsIsATryThatFailed) {
+  EngineBench bench;
+  int calls = 0;
+  bench.host.port.fails = [&](const auto&) { return ++calls <= 4; };  // two writes and two reads
+  EXPECT_EQ(PortWrite(bench.module, 888, 5), 1);
+  EXPECT_EQ(bench.host.port.count(Kind::write), 3);
+
+  bench.host.port.fails = [](const auto& access) { return access.kind == Kind::write; };
+  EXPECT_EQ(PortWrite(bench.module, 888, 5), 0) << "an echo of an earlier write confirms nothing";
+  EXPECT_EQ(bench.host.screen.messages.size(), 1U);
+}
+
+TEST(PortAccess, TheWayOutFollowsFromTheGlobalsAtEachCall) {
+  EngineBench bench;
+  PortWrite(bench.module, 888, 1);
+  bench.module.UseDlPort = 0;
+  PortWrite(bench.module, 632, 2);
+  EXPECT_EQ(bench.host.port.accesses, (std::vector<FakePort::Access>{{Kind::write, 888, 1, true},
+                                                                     {Kind::read, 888, 1, true},
+                                                                     {Kind::write, 632, 2, false},
+                                                                     {Kind::read, 632, 2, false}}));
+  bench.module.PortType = "USB";
+  bench.host.usb.portPins = 77;
+  EXPECT_EQ(PortWrite(bench.module, 888, 3), 0);
+  EXPECT_EQ(PortRead(bench.module, 888), 77);
+  EXPECT_EQ(bench.host.usb.calls, (std::vector<std::string>{"write B 3", "read B"}));
+  EXPECT_EQ(bench.host.port.accesses.size(), 4U);
+}
+
+TEST(PortAccess, AFailingUsbInterfaceIsToldToTheCaller) {
+  EngineBench bench;
+  bench.module.PortType = "USB";
+  bench.host.usb.fails = true;
+  EXPECT_THROW(PortWrite(bench.module, 888, 3), std::runtime_error);
+  EXPECT_TRUE(bench.host.screen.messages.empty());
+}
+
+TEST(PortAccess, TheEndOfTheProgramIsNoPortError) {
+  EngineBench bench;
+  bench.host.port.echoFromWrite = kNeverEchoes;
+  bench.host.screen.at(20, [&] { bench.host.screen.endProgram(); });
+  EXPECT_THROW(PortWrite(bench.module, 888, 5), ProgramEnded);
+  EXPECT_EQ(bench.host.port.count(Kind::write), 102);
+}
+
+TEST(DelayMs, EndsExactlyOnTimeWhateverTheTimeOfDay) {
+  for (const std::int64_t startOfDay : {std::int64_t{0}, std::int64_t{43'200'123'457}, FakeClock::kDay - 1}) {
+    for (const Integer wait : {1, 10, 50, 100, 999, 1001, 32767}) {
+      EngineBench bench;
+      bench.host.clock.startOfDay = startOfDay;
+      DelayMs(bench.module, wait);
+      EXPECT_EQ(bench.host.clock.elapsed, wait * 1000) << wait << " ms from " << startOfDay;
+      EXPECT_EQ(bench.host.screen.eventRounds, 1);
+    }
+  }
+}
+
+TEST(DelayMs, RunsEventsWhenTheyComeAndStillEndsOnTime) {
+  EngineBench bench;
+  std::vector<std::int64_t> ran;
+  const auto note = [&] { ran.push_back(bench.host.clock.elapsed); };
+  for (const int when : {0, 3, 3, 10, 11}) bench.host.screen.at(when, note);
+  DelayMs(bench.module, 10);
+  EXPECT_EQ(ran, (std::vector<std::int64_t>{1, 3000, 3000, 10000})) << "11 ms is after the wait";
+  EXPECT_EQ(bench.host.clock.elapsed, 10000);
+}
+
+TEST(DelayMs, AWaitInsideAWaitThatOutlastsItAddsNothing) {
+  EngineBench bench;
+  bench.host.screen.at(5, [&] { DelayMs(bench.module, 100); });
+  DelayMs(bench.module, 10);
+  EXPECT_EQ(bench.host.clock.elapsed, 105'000);
+}
+
+TEST(DelayMs, NothingToWaitForRunsNoEvent) {
+  EngineBench bench;
+  for (const Integer wait : {Integer{0}, Integer{-5}, std::numeric_limits<Integer>::min()})
+    DelayMs(bench.module, wait);
+  EXPECT_EQ(bench.host.screen.eventRounds, 0);
+  EXPECT_EQ(bench.host.clock.elapsed, 0);
+}
+
+}  // namespace
+}  // namespace tessarine

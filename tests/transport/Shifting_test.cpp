@@ -1,0 +1,128 @@
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "support/EngineBench.h"
+#include "support/PLLProbe.h"
+
+namespace tessarine {
+namespace {
+
+using Bytes = std::vector<int>;
+using Calls = std::vector<std::string>;
+
+TEST(Shifting, TheLastCharacterGoesFirstAndDataIsStableAroundTheRisingClock) {
+  EngineBench bench;
+  PLLProbe::shiftOut(bench.pll, "100");
+  EXPECT_EQ(bench.host.port.bytes(), (Bytes{0, 0, 1, 0, 0, 1, 0, 2, 3, 2}));
+}
+
+TEST(Shifting, AWordOf24BitsCosts73WritesAnd97Reads) {
+  EngineBench bench;
+  PLLProbe::shiftOut(bench.pll, String(24, '1'));
+  EXPECT_EQ(bench.host.port.count(FakePort::Access::Kind::write), 73);
+  EXPECT_EQ(bench.host.port.count(FakePort::Access::Kind::read), 73 + 24);
+}
+
+TEST(Shifting, TheStrobeOfEachRoutineOnThePort) {
+  const struct {
+    const char* routine;
+    void (*load)(PLL&);
+    Bytes bytes;
+    int milliseconds;
+  } cases[] = {
+      {"an empty function word", PLLProbe::loadFstr, {0, 0, 8}, 20},
+      {"R0 raises one line more, without a wait", PLLProbe::loadR0, {0, 0, 24}, 0},
+      {"r1", PLLProbe::loadR1, {0, 0, 8}, 20},
+      {"R4 without a fourth value", [](PLL& pll) { PLLProbe::loadR4(pll, 4); }, {0, 8}, 20},
+      {"R8 pulses bit 2 whatever the wiring", PLLProbe::loadR8, {0, 0, 4}, 20},
+  };
+  for (const auto& c : cases) {
+    EngineBench bench;
+    bench.pll.LEbit = 8;
+    c.load(bench.pll);
+    EXPECT_EQ(bench.host.port.bytes(), c.bytes) << c.routine;
+    EXPECT_EQ(bench.host.clock.elapsed, c.milliseconds * 1000) << c.routine;
+  }
+}
+
+TEST(Shifting, TheFixedStrobeKeepsTheLinesItDoesNotOwn) {
+  EngineBench bench;
+  bench.pll.DATAbit = 8;
+  bench.pll.R8 = "1";
+  PLLProbe::loadR8(bench.pll);
+  EXPECT_EQ(bench.host.port.bytes(), (Bytes{0, 8, 9, 8, 8, 12}));
+}
+
+TEST(Shifting, LoadEnableIsAddedToTheExtraLineOfR0) {
+  EngineBench bench;
+  bench.pll.LEbit = 16;
+  PLLProbe::loadR0(bench.pll);
+  EXPECT_EQ(bench.host.port.bytes(), (Bytes{0, 0, 32}));
+}
+
+TEST(Shifting, ALoadRecordsThePhaseOnThePortOnly) {
+  for (const char* way : {"LPT", "USB"}) {
+    EngineBench bench;
+    bench.module.PortType = way;
+    bench.pll.R2 = "010";
+    bench.pll.LoadR2();
+    EXPECT_EQ(PLLProbe::prevR2(bench.pll), way == std::string("LPT") ? "010" : "");
+  }
+}
+
+TEST(Shifting, OnUsbTheFourLettersGetThePortsStrobeOnTop) {
+  const Calls strobe{"write B 0", "write B 2"};
+  const struct {
+    void (*load)(PLL&);
+    std::string word;
+    bool strobed;
+  } cases[] = {
+      {PLLProbe::loadFstr, "0001", true},
+      {PLLProbe::loadMstr, "0010", true},
+      {PLLProbe::loadRstr, "0011", true},
+      {PLLProbe::loadNstr, "", true},
+      {PLLProbe::loadR0, "0100", false},
+      {PLLProbe::loadR1, "0101", false},
+      {[](PLL& pll) { PLLProbe::loadR4(pll, 3); }, "0110", false},
+      {PLLProbe::loadR8, "0111", false},
+  };
+  for (const auto& c : cases) {
+    EngineBench bench;
+    bench.module.PortType = "USB";
+    bench.pll.LEbit = 2;
+    PLL& pll = bench.pll;
+    pll.FStr = "0001", pll.MStr = "0010", pll.Rstr = "0011", pll.R0 = "0100", pll.r1 = "0101";
+    pll.R4_3 = "0110", pll.R8 = "0111";
+    c.load(pll);
+    Calls expected{"shift B3 B2 B1 B0 0 " + c.word};
+    if (c.strobed) expected.insert(expected.end(), strobe.begin(), strobe.end());
+    EXPECT_EQ(bench.host.usb.calls, expected);
+    EXPECT_EQ(bench.host.clock.elapsed, c.strobed ? 20'000 : 0) << c.word;
+    EXPECT_TRUE(bench.host.port.accesses.empty());
+  }
+}
+
+TEST(Shifting, AWordGoesOutAsItWasWhenAnEventRebuildsItDuringARetry) {
+  EngineBench bench;
+  bench.host.port.echoFromWrite = 105;  // the first write of the word waits for the port
+  bench.pll.FStr = String(24, '1');
+  bench.host.screen.at(10, [&] { bench.pll.FStr = "0"; });
+  PLLProbe::loadFstr(bench.pll);
+  EXPECT_EQ(bench.host.port.latches(), Calls{std::string(24, '1')});
+}
+
+TEST(Shifting, APortThatCannotBeReadIsStillShiftedTo) {
+  EngineBench bench;
+  int reads = 0;
+  // The third read is that of the clock pulse.
+  bench.host.port.fails = [&](const auto& access) {
+    return access.kind == FakePort::Access::Kind::read && ++reads == 3;
+  };
+  PLLProbe::shiftOut(bench.pll, "1");
+  EXPECT_EQ(bench.host.port.bytes(), (Bytes{0, 2, 3, 2}));
+}
+
+}  // namespace
+}  // namespace tessarine
