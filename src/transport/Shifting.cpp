@@ -2,6 +2,7 @@
 #include <exception>
 #include <string>
 
+#include "engine/BitStrings.h"
 #include "engine/PLL.h"
 #include "platform/Platform.h"
 #include "transport/PortAccess.h"
@@ -28,15 +29,15 @@ int linesOnPort(Module1& module, int driven) {
 }  // namespace
 
 void PLL::ShiftOut(const String& Word) {
-  // A copy: a port that is retried lets events run, and these may rebuild the member that Word refers to.
-  const String word = Word;
   if (usesUsb(module_)) {
-    module_.platform.usb.UsbShiftWord("B3", "B2", "B1", "B0", 0, word);
+    module_.platform.usb.UsbShiftWord("B3", "B2", "B1", "B0", 0, Word);
     return;
   }
+  // A copy: a port that is retried lets events run, and these may rebuild the member that Word refers to.
+  const String bits = ReverseStr(Word);
   PortWrite(module_, module_.PortAddress, 0);
-  for (auto bit = word.rbegin(); bit != word.rend(); ++bit) {
-    const int data = *bit == '1' ? DATAbit : 0;
+  for (const char bit : bits) {
+    const int data = bit == '1' ? DATAbit : 0;
     PortWrite(module_, module_.PortAddress, data);
     const int lines = linesOnPort(module_, data);
     PortWrite(module_, module_.PortAddress, lines | CLOCKbit);

@@ -120,7 +120,6 @@ class FakeScreen : public Screen {
   void at(int milliseconds, std::function<void()> action);
 
   void messageBox(const std::string& text, Icon icon, const std::string& title) override;
-  void show(forms::Form& form) override { shown.push_back(&form); }
   void showModal(forms::Form& form) override;
   void repaint(forms::Control&) override {}
   void processEvents() override;

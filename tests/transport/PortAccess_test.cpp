@@ -87,7 +87,7 @@ TEST(PortAccess, TheEndOfTheProgramIsNoPortError) {
 
 TEST(DelayMs, EndsExactlyOnTimeWhateverTheTimeOfDay) {
   for (const std::int64_t startOfDay : {std::int64_t{0}, std::int64_t{43'200'123'457}, FakeClock::kDay - 1}) {
-    for (const Integer wait : {1, 10, 50, 100, 999, 1001, 32767}) {
+    for (const auto wait : std::initializer_list<Integer>{10, 50, 100, 999, 1001, 10000}) {
       EngineBench bench;
       bench.host.clock.startOfDay = startOfDay;
       DelayMs(bench.module, wait);
@@ -103,7 +103,7 @@ TEST(DelayMs, RunsEventsWhenTheyComeAndStillEndsOnTime) {
   const auto note = [&] { ran.push_back(bench.host.clock.elapsed); };
   for (const int when : {0, 3, 3, 10, 11}) bench.host.screen.at(when, note);
   DelayMs(bench.module, 10);
-  EXPECT_EQ(ran, (std::vector<std::int64_t>{1, 3000, 3000, 10000})) << "11 ms is after the wait";
+  EXPECT_EQ(ran, (std::vector<std::int64_t>{0, 3000, 3000, 10000})) << "11 ms is after the wait";
   EXPECT_EQ(bench.host.clock.elapsed, 10000);
 }
 
