@@ -38,6 +38,7 @@ class BrowseForm : public forms::Form {
 
  private:
   Module1& module_;
+  bool settingDrive_ = false;  // the form itself sets Drive1
 };
 
 }  // namespace tessarine

@@ -36,6 +36,9 @@ class frmAbout : public forms::Form {
   // clang-format on
 
  private:
+  // The path of the tool; a Fault when the host names none.
+  [[nodiscard]] std::string toolPath();
+
   Module1& module_;
 };
 

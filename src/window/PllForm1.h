@@ -545,25 +545,41 @@ class PllForm1 : public Form, public EngineView {
   frmAbout aboutForm;
 
  private:
-  void openWayOut();
-  void showModel(const std::string& caption);
-  void showModelButtons();
-  void showPrescalerBits(bool elseZero);
+  // The window as a whole.
+  void showLockDetect(bool locked);
+  void showMode(const Menu& entry, const Frame& frame);
+  void browseInto(TextBox& field);
+  // The model menu.
+  void showCommonState();
+  void showSetupFileRow(bool visible);
+  void showRegisterRows(bool fractional);
+  void showModelControls();
+  void showADF4193Controls();
+  // Panels.
   void togglePanel(Frame& panel, Twips place);
   void hidePanels();
-  void browseInto(TextBox& field);
+  void showPrescalerBits(bool zeroWithoutMatch);
   void takeFunctionLatch();
+  void takeADF425xPanel();
+  void takeADF415xPanel();
   void takeADF4193Panel();
+  void takeTimers();
   void takeSKYPanel();
-  void readPanel();
+  // Commands.
+  void readFrequencies();
   void showWords();
-  void sendRegisters();
   void readLockDetect();
-  void showLockDetect(bool locked);
+  void sendRegisters();
+  void startADF4193();
   void hopADF4193();
   void hopOthers();
-  void runAutoSweep(Integer delayMs);
-  void step(double targetMHz);
+  void showHop(const char* head, Integer hopsLeft);
+  void showThreeWords();
+  void startSweep();
+  void runAutoSweep(double SweepFreq, double SweepStop, double SweepStep, Integer SweepDelay);
+  void showSweepFrequency();
+  void stepTo(double frequency);
+  void showStepControls(bool stepMode);
 
   Module1& module_;
 };

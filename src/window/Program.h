@@ -9,7 +9,8 @@
 namespace tessarine {
 
 struct Program {
-  explicit Program(Platform& platform) : module(platform), window(forms, module), door(forms, platform.screen) {}
+  explicit Program(Platform& platform)
+      : module(platform), window(forms, module), door(forms, platform.screen) {}
 
   // Creates and shows the main window. What follows is up to the operator.
   void start() {

@@ -1,0 +1,112 @@
+// Sweep mode: from a start to a stop frequency in equal steps, by itself or one step a button press. Every
+// step is a complete load.
+#include "engine/Numbers.h"
+#include "engine/PLL.h"
+#include "platform/Fault.h"
+#include "platform/Platform.h"
+#include "transport/PortAccess.h"
+#include "window/PllForm1.h"
+
+namespace tessarine {
+
+namespace {
+
+constexpr double kKHzPerMHz = 1000;
+// The steps are added up; the margin keeps their rounding from losing the last one.
+constexpr double kStopMarginMHz = 0.000001;
+constexpr int kFrequencyDigits = 15;
+
+}  // namespace
+
+void PllForm1::StartSweepCommand_Click(int /*Index*/) {
+  try {
+    FracRegister();
+    SweepRunning = kTrue;
+    NextCommand.Enabled = true;
+    PrevCommand.Enabled = true;
+    startSweep();
+  } catch (const std::exception&) {
+    SweepRunning = kFalse;
+    throw;
+  }
+}
+
+void PllForm1::startSweep() {
+  PLL& pll = module_.ThePLL();
+  const Integer SweepDelay = leadingInteger(DelaySweepText1.Text.get(), "Delay");
+  const double SweepStep = leadingNumber(StepText1.Text.get());
+  if (AutoOption1.Value && SweepStep < 0) {
+    throw Fault("Step Size = " + plainDecimal(SweepStep, kFrequencyDigits) +
+                " kHz leads away from the stop frequency: it must be 0 or above");
+  }
+  readFrequencies();
+  pll.Fvco = leadingNumber(StartText1.Text.get());
+  if (module_.CurrentModel == "ADF4193") startADF4193();
+
+  const double SweepFreq = leadingNumber(StartText1.Text.get());
+  const double SweepStop = leadingNumber(StopText1.Text.get());
+  if (SweepStop < SweepFreq) {
+    module_.platform.screen.messageBox(" Start should be less  then stop", Icon::plain);
+    return;
+  }
+  if (AutoOption1.Value) {
+    runAutoSweep(SweepFreq, SweepStop, SweepStep, SweepDelay);
+  } else {
+    pll.SetPLL(false);
+    showSweepFrequency();
+    module_.platform.screen.repaint(Label15);
+  }
+}
+
+void PllForm1::runAutoSweep(double SweepFreq, double SweepStop, double SweepStep, Integer SweepDelay) {
+  PLL& pll = module_.ThePLL();
+  Screen& screen = module_.platform.screen;
+  while (SweepRunning != kFalse && SweepStop + kStopMarginMHz >= SweepFreq) {
+    screen.processEvents();
+    pll.Fvco = SweepFreq;
+    pll.SetPLL(false);
+    showSweepFrequency();
+    screen.processEvents();
+    DelayMs(module_, SweepDelay);
+    SweepFreq += SweepStep / kKHzPerMHz;
+  }
+}
+
+void PllForm1::showSweepFrequency() {
+  Label15.Caption = "Current Freq:\r\n" + sixDecimals(module_.ThePLL().Fvco) + " MHz";
+}
+
+// The loop notices at its next test.
+void PllForm1::StopSweepCommand_Click(int /*Index*/) { SweepRunning = kFalse; }
+
+void PllForm1::NextCommand_Click() {
+  const double target = module_.ThePLL().Fvco + leadingNumber(StepText1.Text.get()) / kKHzPerMHz;
+  if (leadingNumber(StopText1.Text.get()) >= target) stepTo(target);
+}
+
+void PllForm1::PrevCommand_Click() {
+  const double target = module_.ThePLL().Fvco - leadingNumber(StepText1.Text.get()) / kKHzPerMHz;
+  if (leadingNumber(StartText1.Text.get()) <= target) stepTo(target);
+}
+
+void PllForm1::stepTo(double frequency) {
+  PLL& pll = module_.ThePLL();
+  pll.Fvco = frequency;
+  pll.SetPLL(false);
+  Label15.Caption = " Current Freq                 " + plainDecimal(pll.Fvco, kFrequencyDigits);
+  module_.platform.screen.repaint(Label15);
+}
+
+void PllForm1::AutoOption1_Click() { showStepControls(false); }
+
+void PllForm1::StepOption_Click() { showStepControls(true); }
+
+void PllForm1::showStepControls(bool stepMode) {
+  DelaySweepText1.Visible = !stepMode;
+  DLabel.Visible = !stepMode;
+  msLabel.Visible = !stepMode;
+  PrevCommand.Visible = stepMode;
+  NextCommand.Visible = stepMode;
+}
+
+}  // namespace tessarine
