@@ -1,0 +1,133 @@
+#include "platform/linux/Advice.h"
+
+#include <charconv>
+
+namespace tessarine::advice {
+namespace {
+
+constexpr std::string_view kLoadModules = "Type: sudo modprobe -a parport_pc ppdev";
+
+// As the wiring dialog takes it: hexadecimal without a prefix.
+std::string hex(unsigned value) {
+  char digits[8];
+  const auto end = std::to_chars(digits, digits + sizeof digits, value, 16).ptr;
+  std::string text(digits, end);
+  for (char& digit : text)
+    if (digit >= 'a') digit = static_cast<char>(digit - 'a' + 'A');
+  return text;
+}
+
+std::string port(std::uint16_t base) { return "Parallel port " + hex(base); }
+
+std::string joined(std::initializer_list<std::string_view> parts) {
+  std::string text;
+  for (const std::string_view part : parts) text += part;
+  return text;
+}
+
+}  // namespace
+
+std::string portModulesMissing(std::uint16_t base) {
+  return joined({port(base), " is missing: the kernel's modules for it are not loaded. ", kLoadModules});
+}
+
+std::string portElsewhere(std::uint16_t base, const std::vector<std::uint16_t>& known) {
+  std::string list;
+  for (const std::uint16_t address : known) list += (list.empty() ? "" : ", ") + hex(address);
+  return joined({port(base), " is missing: the kernel knows ", list,
+                 ". Enter that address in Config, Parallel Port; or, if the port is there, type: ",
+                 "sudo modprobe -r lp ppdev parport_pc; sudo modprobe parport_pc io=0x", hex(base),
+                 " && sudo modprobe ppdev"});
+}
+
+std::string ppdevMissing(std::uint16_t base) {
+  return joined({port(base), " has no device node: the module ppdev is missing. Type: sudo modprobe ppdev"});
+}
+
+std::string portNotPermitted(std::uint16_t base, std::string_view node) {
+  return joined({"No permission for parallel port ", hex(base), ": ", node,
+                 " belongs to the group lp. Type: sudo usermod -aG lp $USER (and log in again)"});
+}
+
+std::string portBusy(std::uint16_t base, std::string_view node, std::string_view holder) {
+  if (holder == "lp")
+    return joined({port(base), " is busy: the printer driver lp holds it. Type: sudo modprobe -r lp"});
+  return joined({port(base), " is busy: another program holds it",
+                 holder.empty() ? std::string() : joined({" (", holder, ")"}),
+                 ". To see which, type: sudo fuser -v ", node});
+}
+
+std::string portFailed(std::uint16_t base, std::string_view why) {
+  return joined(
+      {port(base), " failed: ", why, ". To see what the kernel says, type: sudo dmesg | grep parport"});
+}
+
+std::string portSilent(std::uint16_t base, std::uint8_t written, std::uint8_t read) {
+  if (read == 0xFF)
+    return joined({port(base),
+                   " is missing: nothing answers at this address (it reads FF). To see which addresses the "
+                   "kernel knows, type: cat /proc/sys/dev/parport/*/base-addr"});
+  return joined({port(base), " reads ", hex(read), " where ", hex(written),
+                 " was written: its lines are inputs, shorted or held by the board"});
+}
+
+std::string rawNotPermitted(std::uint16_t base) {
+  return joined({"No permission for raw access to parallel port ", hex(base),
+                 ": that takes root, the kernel's driver does not. ", kLoadModules});
+}
+
+std::string rawForbidden(std::uint16_t base) {
+  return joined({"Raw access to parallel port ", hex(base),
+                 " is forbidden by the kernel (lockdown, as with Secure Boot); its driver is not. ",
+                 kLoadModules});
+}
+
+std::string notAParallelPort(std::uint16_t address, std::string_view owner) {
+  return joined(
+      {"Address ", hex(address), " is forbidden: it is no parallel port but belongs to ", owner,
+       ". Enter another in Config, Parallel Port; to see who has which, type: sudo cat /proc/ioports"});
+}
+
+std::string noSuchRegister(std::uint16_t address) {
+  return joined(
+      {"Address ", hex(address),
+       " is missing: a parallel port has its data register at a multiple of 4 and its control register "
+       "at that plus 2"});
+}
+
+std::string moduleMissing() {
+  return "The USB module is missing: no FT2232H-class module (0403:6010 or 0403:6011) is plugged in. To see "
+         "what is, type: lsusb -d 0403:";
+}
+
+std::string moduleNotPermitted(std::string_view node) {
+  return joined(
+      {"No permission for the USB module ", node,
+       ". Type, in the program's folder: sudo cp packaging/60-tessarine.rules /etc/udev/rules.d/ && "
+       "sudo udevadm control --reload && sudo udevadm trigger"});
+}
+
+std::string moduleBusy(char channel, std::string_view node, std::string_view kernelDriver) {
+  const std::string start = joined({"Channel ", std::string(1, channel), " of the USB module is busy: "});
+  if (!kernelDriver.empty())
+    return joined(
+        {start, "the kernel driver ", kernelDriver, " holds it. Type: sudo modprobe -r ", kernelDriver});
+  return joined({start, "another program holds it. To see which, type: sudo fuser -v ", node});
+}
+
+std::string moduleFailed(std::string_view why) {
+  return joined(
+      {"The USB module cannot be opened: ", why, ". To see what the kernel says, type: sudo dmesg"});
+}
+
+std::string moduleGone(std::string_view why) {
+  return joined({"The USB module is missing since this command (", why,
+                 "). Plug it in again: the next command opens it anew"});
+}
+
+std::string moduleShort(std::size_t sent, std::size_t wanted) {
+  return joined({"The USB module took only ", std::to_string(sent), " of ", std::to_string(wanted),
+                 " bytes. The next command opens it anew"});
+}
+
+}  // namespace tessarine::advice

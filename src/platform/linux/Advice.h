@@ -1,0 +1,35 @@
+// Why a way out cannot be used, in one sentence that says whether it is missing, busy, without permission or
+// forbidden by the kernel, and the line to type. docs/hardware.md lists them for looking up.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tessarine::advice {
+
+// The parallel port, by its base address.
+[[nodiscard]] std::string portModulesMissing(std::uint16_t base);
+[[nodiscard]] std::string portElsewhere(std::uint16_t base, const std::vector<std::uint16_t>& known);
+[[nodiscard]] std::string ppdevMissing(std::uint16_t base);
+[[nodiscard]] std::string portNotPermitted(std::uint16_t base, std::string_view node);
+[[nodiscard]] std::string portBusy(std::uint16_t base, std::string_view node, std::string_view holder);
+[[nodiscard]] std::string portFailed(std::uint16_t base, std::string_view why);
+[[nodiscard]] std::string portSilent(std::uint16_t base, std::uint8_t written, std::uint8_t read);
+
+// Raw access.
+[[nodiscard]] std::string rawNotPermitted(std::uint16_t base);
+[[nodiscard]] std::string rawForbidden(std::uint16_t base);
+[[nodiscard]] std::string notAParallelPort(std::uint16_t address, std::string_view owner);
+[[nodiscard]] std::string noSuchRegister(std::uint16_t address);
+
+// The USB module.
+[[nodiscard]] std::string moduleMissing();
+[[nodiscard]] std::string moduleNotPermitted(std::string_view node);
+[[nodiscard]] std::string moduleBusy(char channel, std::string_view node, std::string_view kernelDriver);
+[[nodiscard]] std::string moduleFailed(std::string_view why);
+[[nodiscard]] std::string moduleGone(std::string_view why);
+[[nodiscard]] std::string moduleShort(std::size_t sent, std::size_t wanted);
+
+}  // namespace tessarine::advice

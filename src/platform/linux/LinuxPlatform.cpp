@@ -1,0 +1,37 @@
+#include "platform/linux/LinuxPlatform.h"
+
+#include <chrono>
+
+namespace tessarine {
+
+LinuxPlatform::LinuxPlatform(LinuxClock::Bell bell)
+    : LinuxPlatform(systemKernel_, libFtdi_, std::move(bell)) {}
+
+LinuxPlatform::LinuxPlatform(Kernel& kernel, FtdiLibrary& ftdi, LinuxClock::Bell bell)
+    : driver(kernel, gate_), library(kernel, gate_), usb(ftdi, kernel, gate_), clock(std::move(bell)) {}
+
+LinuxPlatform::~LinuxPlatform() { leave(); }
+
+std::string LinuxPlatform::whyNotOpen() const {
+  const std::string reason = driver.whyNotOpen();
+  return reason.empty() ? library.whyNotOpen() : reason;
+}
+
+void LinuxPlatform::leave() noexcept {
+  const std::lock_guard<Gate> hold(gate_);
+  leaveAll();
+}
+
+void LinuxPlatform::leaveForGood() noexcept {
+  // Operations are short; one that hangs must not keep the lines from being lowered.
+  (void)gate_.try_lock_for(std::chrono::seconds(2));
+  leaveAll();
+}
+
+void LinuxPlatform::leaveAll() noexcept {
+  driver.leave();
+  library.leave();
+  usb.leave();
+}
+
+}  // namespace tessarine

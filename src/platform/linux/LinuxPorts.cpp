@@ -1,0 +1,38 @@
+#include "platform/linux/LinuxPorts.h"
+
+#include "platform/Fault.h"
+#include "platform/linux/Advice.h"
+#include "platform/linux/Parport.h"
+#include "platform/linux/PpdevPort.h"
+#include "platform/linux/RawPort.h"
+
+namespace tessarine {
+namespace {
+
+std::string whyNoParport(Kernel& kernel, std::uint16_t base) {
+  std::vector<std::uint16_t> known;
+  for (const Parport& port : knownParports(kernel)) {
+    if (port.base == base) return advice::ppdevMissing(base);
+    known.push_back(port.base);
+  }
+  return known.empty() ? advice::portModulesMissing(base) : advice::portElsewhere(base, known);
+}
+
+std::unique_ptr<OpenPort> openByDriver(Kernel& kernel, std::uint16_t base) {
+  const auto known = parportAt(kernel, base);
+  if (known) {
+    if (auto port = PpdevPort::open(kernel, *known)) return port;
+  }
+  if (auto port = RawPort::openIfPermitted(kernel, base)) return port;
+  throw Fault(kernel.isRoot() ? advice::rawForbidden(base) : whyNoParport(kernel, base));
+}
+
+}  // namespace
+
+LinuxPortDriver::LinuxPortDriver(Kernel& kernel, Gate& gate)
+    : ports_(kernel, gate, [&kernel](std::uint16_t base) { return openByDriver(kernel, base); }) {}
+
+LinuxPortLibrary::LinuxPortLibrary(Kernel& kernel, Gate& gate)
+    : ports_(kernel, gate, [&kernel](std::uint16_t base) { return RawPort::open(kernel, base); }) {}
+
+}  // namespace tessarine

@@ -1,0 +1,39 @@
+// A parallel port through its I/O addresses: /dev/port, else the port instructions.
+#pragma once
+
+#include <memory>
+
+#include "platform/linux/Kernel.h"
+#include "platform/linux/OpenPort.h"
+
+namespace tessarine {
+
+class RawPort : public OpenPort {
+ public:
+  // A Fault when the address belongs to something else, the port is busy, or raw access is not permitted or
+  // is forbidden.
+  [[nodiscard]] static std::unique_ptr<RawPort> open(Kernel& kernel, std::uint16_t base);
+  // The same, but nothing where only the permission is lacking.
+  [[nodiscard]] static std::unique_ptr<RawPort> openIfPermitted(Kernel& kernel, std::uint16_t base);
+
+  ~RawPort() override;
+  RawPort(const RawPort&) = delete;
+  RawPort& operator=(const RawPort&) = delete;
+
+  void write(PortRegister place, std::uint8_t value) override;
+  std::uint8_t read(PortRegister place) override;
+  void leave() noexcept override;
+
+ private:
+  RawPort(Kernel& kernel, std::uint16_t base) : kernel_(kernel), base_(base) {}
+
+  [[nodiscard]] bool letIn();
+  [[nodiscard]] std::uint16_t address(PortRegister place) const;
+
+  Kernel& kernel_;
+  std::uint16_t base_;
+  int descriptor_ = -1;  // of /dev/port; below 0: the port instructions
+  std::uint8_t controlAsFound_ = 0;
+};
+
+}  // namespace tessarine

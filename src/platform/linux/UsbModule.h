@@ -1,0 +1,50 @@
+// The USB interface on an FT2232H-class module: port "B" is its channel B, all outputs; port "A" its channel
+// A, all inputs; pin n is bit n.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/Platform.h"
+#include "platform/linux/FtdiChannel.h"
+#include "platform/linux/Kernel.h"
+
+namespace tessarine {
+
+class UsbModule : public UsbInterface {
+ public:
+  UsbModule(FtdiLibrary& library, Kernel& kernel, Gate& gate)
+      : library_(library), kernel_(kernel), gate_(gate) {}
+
+  // Each opens what it needs, also after the module was unplugged. A Fault says what is in the way; it ends
+  // the use of the channel until the next call.
+  void UsbOpen(int device) override;
+  void UsbClose() override;
+  void UsbWritePort(std::string_view port, std::uint8_t pins) override;
+  std::uint8_t UsbReadPort(std::string_view port) override;
+  void UsbShiftWord(std::string_view clockPin, std::string_view dataPin, std::string_view loadPin,
+                    std::string_view sparePin, int mode, std::string_view word) override;
+  std::uint8_t UsbReadPin(std::string_view pin) override;
+
+  // Lines low, then all pins inputs, and closed. The caller holds the gate.
+  void leave() noexcept;
+
+ private:
+  [[nodiscard]] FtdiChannel& opened(char name);
+  [[nodiscard]] std::unique_ptr<FtdiChannel>& place(char name) { return name == 'A' ? channelA_ : channelB_; }
+  [[nodiscard]] std::string whyNotOpened(char name, int result, const std::string& text);
+  void send(std::span<const std::uint8_t> levels);
+  [[nodiscard]] std::uint8_t pinsOf(char name);
+  [[noreturn]] void lost(char name, const std::string& sentence);
+  void rest(char name) noexcept;
+
+  FtdiLibrary& library_;
+  Kernel& kernel_;
+  Gate& gate_;
+  int device_ = 0;
+  std::uint8_t loadMask_ = 0x02;  // B1, until a word names another
+  std::unique_ptr<FtdiChannel> channelA_;
+  std::unique_ptr<FtdiChannel> channelB_;
+};
+
+}  // namespace tessarine
