@@ -5,6 +5,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "forms/Form.h"
 #include "platform/Fault.h"
 
 namespace tessarine {
@@ -125,7 +126,11 @@ void FakeScreen::messageBox(const std::string& text, Icon icon, const std::strin
 
 void FakeScreen::showModal(forms::Form& form) {
   shown.push_back(&form);
+  form.Show();
+  form.forms().beginModal(form);
   if (whileModal) whileModal(form);
+  form.forms().endModal();
+  if (form.Visible) form.Unload();
 }
 
 void FakeScreen::processEvents() {
@@ -135,6 +140,7 @@ void FakeScreen::processEvents() {
     actions_.erase(actions_.begin());  // before it runs: it may wait, and so come back here
     action();
   }
+  if (ended) throw ProgramEnded();
 }
 
 void FakeScreen::sleepUntilEvent(double seconds) {
@@ -145,6 +151,9 @@ void FakeScreen::sleepUntilEvent(double seconds) {
   clock_.elapsed = std::max(clock_.elapsed, std::min(deadline, next));
 }
 
-void FakeScreen::endProgram() { throw ProgramEnded{}; }
+void FakeScreen::endProgram() {
+  ended = true;
+  throw ProgramEnded{};
+}
 
 }  // namespace tessarine

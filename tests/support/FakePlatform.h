@@ -130,6 +130,7 @@ class FakeScreen : public Screen {
   std::function<void()> whileMessageIsOpen;
   std::vector<forms::Form*> shown;
   std::function<void(forms::Form&)> whileModal;
+  bool ended = false;   // every handler on the way out is ended too
   int eventRounds = 0;  // how often processEvents was called
 
  private:

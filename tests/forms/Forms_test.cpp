@@ -1,0 +1,106 @@
+#include "forms/Build.h"
+#include "forms/Operator.h"
+#include "platform/Fault.h"
+#include "support/ProgramBench.h"
+
+namespace tessarine {
+namespace {
+
+using namespace forms;
+
+struct Sample : Form {
+  explicit Sample(FormList& list) : Form(list, "Sample", "A sample") {}
+  void note(int index) { seen += std::to_string(index) + " "; }
+  void fail() { throw Fault("N = 300 does not fit"); }
+  std::string seen;
+
+  One<Frame> Left{*this, "Left", "left", {}};
+  One<Frame> Right{*this, "Right", "right", {}, hidden};
+  Array<Label> Bits{"Bits", Left, "101", 2, -1, at(10, 20, 30, 40), 50, bit, change(this, &Sample::note)};
+  Array<OptionButton> Choice{"Choice",
+                             {
+                                 {0, Left, "a", {}, {selected}},
+                                 {3, Left, "b", {}},
+                                 {1, Right, "other group", {}, {selected}},
+                             },
+                             click(this, &Sample::note)};
+  One<CommandButton> Failing{Left, "Failing", "fails", {}, click(this, &Sample::fail)};
+  One<CommandButton> Off{Left, "Off", "off", {}, disabled};
+  One<DropList> List{Left, "List", "", {}, items({"x", "y"}), click(this, &Sample::count)};
+  One<ComboBox> Combo{Left, "Combo", "", {}, click(this, &Sample::count), change(this, &Sample::count)};
+  void count() { seen += "! "; }
+};
+
+struct FormsTest : testing::Test, Observer {
+  FormsTest() {
+    list.observe(*this);
+    sample.Show();
+    told = 0;
+  }
+  void changed(Control& /*control*/, Aspect /*aspect*/) override { ++told; }
+  FakePlatform host;
+  FormList list;
+  Sample sample{list};
+  Operator door{list, host.screen};
+  int told = 0;
+};
+
+TEST_F(FormsTest, ArraysKnowTheirMembersByIndex) {
+  EXPECT_EQ(sample.Bits(2).name(), "Bits(2)");
+  EXPECT_EQ(sample.Bits(0).Place.get().Left, 110);
+  EXPECT_EQ(sample.Bits(1).Caption.get(), "0");
+  EXPECT_EQ(list.find("Choice(3)"), &sample.Choice(3));
+  EXPECT_EQ(list.find("Sample.Choice(3)"), &sample.Choice(3));
+  EXPECT_EQ(list.find("Choice"), nullptr) << "ambiguous";
+  EXPECT_THROW((void)sample.Choice(2), std::out_of_range);
+  EXPECT_EQ(sample.seen, "") << "start values raise no events";
+}
+
+TEST_F(FormsTest, OnlyRealChangesAreTold) {
+  sample.Bits(0).Caption = "1";
+  EXPECT_EQ(told, 0);
+  sample.Bits(0).Caption = "0";
+  EXPECT_EQ(told, 1);
+  EXPECT_EQ(sample.seen, "0 ");
+}
+
+TEST_F(FormsTest, OptionsExcludeEachOtherInTheirContainerAlone) {
+  sample.Choice(3).Value = true;
+  EXPECT_FALSE(sample.Choice(0).Value);
+  EXPECT_TRUE(sample.Choice(1).Value);
+  EXPECT_EQ(sample.seen, "3 ") << "losing the selection is no click";
+  sample.Choice(3).Value = true;
+  EXPECT_EQ(sample.seen, "3 ") << "a selection by the program counts only when it changes";
+  EXPECT_FALSE(door.click(sample.Choice(3)));
+  EXPECT_EQ(sample.seen, "3 3 ") << "the operator's click counts always";
+}
+
+TEST_F(FormsTest, ListsRaiseClickAndEditableOnesChange) {
+  EXPECT_FALSE(door.pick(sample.List, 1));
+  EXPECT_FALSE(door.pick(sample.List, 1));
+  EXPECT_EQ(sample.seen, "! ");
+  sample.Combo.rebuild({"4/5", "8/9"});
+  EXPECT_EQ(sample.seen, "! ") << "an empty text stays empty";
+  EXPECT_FALSE(door.type(sample.Combo, "8/9"));
+  EXPECT_EQ(sample.Combo.ListIndex.get(), 1);
+  EXPECT_FALSE(door.pick(sample.Combo, 0));
+  EXPECT_EQ(sample.Combo.Text.get(), "4/5");
+  EXPECT_EQ(sample.seen, "! ! ! ") << "one event each";
+}
+
+TEST_F(FormsTest, TheDoorRefusesWhatTheOperatorCannotReach) {
+  EXPECT_EQ(door.click(sample.Choice(1)).value_or(""), "Choice(1) is not visible");
+  EXPECT_EQ(door.click(sample.Off).value_or(""), "Off is disabled");
+  EXPECT_EQ(door.set(sample.List, "z").value_or(""), "List has no item \"z\"");
+  sample.Left.Enabled = false;
+  EXPECT_EQ(door.click(sample.Failing).value_or(""), "Failing is disabled");
+}
+
+TEST_F(FormsTest, AFaultBecomesOneMessageAtTheDoor) {
+  EXPECT_FALSE(door.click(sample.Failing));
+  EXPECT_EQ(host.screen.messages,
+            (std::vector<Message>{{"N = 300 does not fit", Icon::critical, "Tessarine"}}));
+}
+
+}  // namespace
+}  // namespace tessarine

@@ -1,0 +1,294 @@
+#include <fstream>
+
+#include "support/ProgramBench.h"
+
+namespace tessarine {
+namespace {
+
+void openPanel(ProgramBench& bench, const std::string& model) {
+  bench.pick(model);
+  if (bench.value("ACommand") == "Close") bench.click("ACommand");
+  bench.click("ACommand");
+}
+
+// A row of bits and the member that its bits reach, the highest index first.
+struct BitRow {
+  const char* model;
+  const char* array;
+  int highest;
+  std::string fixed;  // one character an index: "x" where a click does nothing
+  String PLL::*member;
+  const char* start;
+};
+
+TEST(Panels, EachBitReachesItsPlaceInTheMemberAndNoOther) {
+  const BitRow rows[] = {
+      {"ADF4113", "Label31", 19, std::string(20, '.'), &PLL::FAnalogDevice, "00100100000011100000"},
+      {"ADF4252", "MRLabel", 10, "........xxx", &PLL::MasterReg, "11000000011"},
+      {"ADF4252", "CRLabel", 15, "xxxxx..x.x...xxx", &PLL::RFcontrolREG, "0100000101100000"},
+      {"ADF4153", "Label45", 3, "....", &PLL::CPCurrentSetting_4531, "0111"},
+      {"ADF4153", "Label48", 2, "...", &PLL::MuxOut_4531, "001"},
+      {"SKY72300-362", "Label73", 9, "..........", &PLL::MultiplexerReg, "0000010000"},
+      {"SKY72300-362", "Label74", 9, "xxxx......", &PLL::ModulationControlReg, "0000000000"},
+      {"SKY72300-362", "Label75", 11, std::string(12, '.'), &PLL::ModulationDataReg, "000000000000"},
+  };
+  for (const BitRow& row : rows) {
+    SCOPED_TRACE(row.array);
+    ProgramBench bench;
+    bench.open();
+    openPanel(bench, row.model);
+    bench.window.FracRegister();
+    EXPECT_EQ(bench.pll.*row.member, row.start);
+    for (int i = 0; i <= row.highest; ++i) {
+      String expected = row.start;
+      char& character = expected[static_cast<std::size_t>(row.highest - i)];
+      if (row.fixed[static_cast<std::size_t>(i)] == '.') character = character == '0' ? '1' : '0';
+      const std::string name = std::string(row.array) + "(" + std::to_string(i) + ")";
+      // A disabled bit refuses the click, a fixed one ignores it.
+      const bool refused = bench.program.door.click(bench.control(name)).has_value();
+      bench.window.FracRegister();
+      EXPECT_EQ(bench.pll.*row.member, expected) << name;
+      if (!refused) bench.program.door.click(bench.control(name));
+    }
+  }
+}
+
+// One control, what the operator does to it, and what the engine must then hold.
+struct Choice {
+  const char* control;
+  const char* value;
+  std::function<String(const PLL&)> member;
+  const char* expected;
+};
+
+template <class Member>
+std::function<String(const PLL&)> get(Member PLL::*member) {
+  return [member](const PLL& pll) {
+    if constexpr (std::is_same_v<Member, String>) {
+      return pll.*member;
+    } else {
+      return std::to_string(pll.*member);
+    }
+  };
+}
+
+void expectChoices(const char* model, const std::vector<Choice>& choices) {
+  ProgramBench bench;
+  bench.open();
+  openPanel(bench, model);
+  for (const Choice& choice : choices) {
+    SCOPED_TRACE(std::string(choice.control) + " " + choice.value);
+    if (std::string(choice.value) == "click") {
+      bench.click(choice.control);
+    } else {
+      bench.set(choice.control, choice.value);
+    }
+    bench.window.FracRegister();
+    EXPECT_EQ(choice.member(bench.pll), choice.expected);
+  }
+}
+
+TEST(Panels, ADF41xxChoicesReachTheEngine) {
+  expectChoices("ADF4113", {
+                               {"PrescalarText", " 32/33 ", get(&PLL::PreScalar), "32"},
+                               {"PrescalarText", "8.5", get(&PLL::PreScalar), "8"},
+                               {"PrescalarText", "9.5", get(&PLL::PreScalar), "10"},
+                               {"PrescalarText", "x", get(&PLL::PreScalar), "0"},
+                               {"Label33(0)", "click", get(&PLL::FuncInit), "0"},
+                               {"Label33(1)", "click", get(&PLL::FuncInit), "1"},
+                               {"Option3(1)", "1", get(&PLL::CPGain), "1"},
+                               {"Option3(0)", "1", get(&PLL::CPGain), "0"},
+                           });
+}
+
+TEST(Panels, ADF425xChoicesReachTheEngine) {
+  expectChoices("ADF4251", {
+                               {"XLabel", "click", get(&PLL::RFRefDoubler), "1"},
+                               {"RText", " 7x", get(&PLL::RF_R_Counter), " 7x"},
+                               {"Option4(1)", "1", get(&PLL::RFcontrolREG), "0100001101100000"},
+                               {"Option4(2)", "1", get(&PLL::RFcontrolREG), "0100001101110001"},
+                               {"Option4(1)", "1", get(&PLL::RFcontrolREG), "0100001101100000"},
+                               {"Option4(0)", "1", get(&PLL::RFcontrolREG), "0100000101100000"},
+                               {"Option4(2)", "1", get(&PLL::RFcontrolREG), "0100001101110001"},
+                               {"Option4(0)", "1", get(&PLL::RFcontrolREG), "0100000101100000"},
+                           });
+}
+
+TEST(Panels, ADF415xChoicesReachTheEngine) {
+  expectChoices("ADF4156", {
+                               {"Check11(0)", "1", get(&PLL::FastLock_4531), "1"},
+                               {"Check11(1)", "1", get(&PLL::LoadControlEnabled_4531), "1"},
+                               {"Check11(2)", "1", get(&PLL::DoublerEnabled_4531), "1"},
+                               {"Check11(3)", "1", get(&PLL::CounterResetEnabled_4531), "1"},
+                               {"Check11(4)", "1", get(&PLL::CP3StateON_4531), "1"},
+                               {"Check11(5)", "1", get(&PLL::RFPowerDownEnabled_4531), "1"},
+                               {"Check11(6)", "0", get(&PLL::RFPDPolarityPositive_4531), "0"},
+                               {"Option6(1)", "1", get(&PLL::NoiseSpurMode_4531), "1"},
+                               {"Option6(2)", "1", get(&PLL::NoiseSpurMode_4531), "2"},
+                               {"Option6(0)", "1", get(&PLL::NoiseSpurMode_4531), "0"},
+                               {"Label43", "click", get(&PLL::Normal_LCD_Mode_4531), "1"},
+                               {"Label43", "click", get(&PLL::Normal_LCD_Mode_4531), "0"},
+                               {"Text26", "13", get(&PLL::Resync_4531), "13"},
+                               {"Text27", "2.5", get(&PLL::RCounter_4531), "2"},
+                           });
+}
+
+TEST(Panels, ADF4193ChoicesReachTheEngine) {
+  const char* const kMinus2 = "111111111";  // the leftmost nine of its sixteen digits
+  expectChoices("ADF4193",
+                {
+                    {"Combo10(0)", "Adjusted", get(&PLL::R1_CP), "1"},
+                    {"Combo10(1)", "Disable", get(&PLL::R1_REF2), "0"},
+                    {"Check16", "1", get(&PLL::R1_DoublerEnable), "1"},
+                    {"Text36(0)", "0", get(&PLL::R1_RFCounter), "0000"},
+                    {"Text36(0)", "15", get(&PLL::R1_RFCounter), "1111"},
+                    {"Text36(0)", "16", get(&PLL::R1_RFCounter), "1000"},
+                    {"Text36(1)", "5", get(&PLL::R2_PhaseValue), "000000000101"},
+                    {"Combo10(2)", "Normal", get(&PLL::R3_CPO), "1"},
+                    {"Combo10(3)", "Negative", get(&PLL::R3_PFD), "0"},
+                    {"Text36(2)", "5", get(&PLL::R4_TimeOutCounter), "000000101"},
+                    {"Text36(2)", "5", get(&PLL::R4_TimeOutCounter_2), "000000101"},
+                    {"Text36(2)", "5", get(&PLL::R4_TimeOutCounter_3), kMinus2},
+                    {"Text36(2)", "8.5", get(&PLL::R4_TimeOutCounter_3), "000000010"},  // 1.5, to even
+                    {"Text36(2)", "600", get(&PLL::R4_TimeOutCounter), "100101100"},
+                    {"Text36(2)", "9", get(&PLL::R4_TimerSelect), "00"},
+                    {"Combo10(4)", "SW3", get(&PLL::R4_TimerSelect), "01"},
+                    {"Combo10(4)", "SW3", get(&PLL::R4_TimerSelect_2), "00"},
+                    {"Combo10(4)", "SW3", get(&PLL::R4_TimerSelect_3), "10"},
+                    {"Combo10(4)", "ICP", get(&PLL::R4_TimerSelect), "10"},
+                    {"Combo10(4)", "ICP", get(&PLL::R4_TimerSelect_3), "01"},
+                    {"Combo10(4)", "ICP", get(&PLL::R4_TimeOutCounter_2), "000010000"},
+                    {"Combo10(4)", "ICP", get(&PLL::R4_TimeOutCounter_3), "000010000"},
+                    {"Combo10(4)", "Not Used", get(&PLL::R4_TimerSelect), "11"},
+                    {"Combo10(4)", "Not Used", get(&PLL::R4_TimerSelect_3), "01"},
+                    {"Combo10(5)", "Enabled", get(&PLL::R5_PDDiffAmp), "11"},
+                    {"Combo10(6)", "Enabled", get(&PLL::R5_PDChargePump), "1"},
+                    {"Combo10(7)", "3-State Enabled", get(&PLL::R5_CP3State), "1"},
+                    {"Combo10(8)", "Counter Reset", get(&PLL::R5_CounterReset), "1"},
+                    {"Combo10(9)", "Dither On", get(&PLL::R6_SigmaDelte), "0011"},
+                    {"Combo10(9)", "10ns Lock Detect Threshhold", get(&PLL::R6_SigmaDelte), "1001"},
+                    {"Combo10(10)", "SW3 Timeout Signal", get(&PLL::R6_MuxOut), "1011"},
+                });
+}
+
+TEST(Panels, SKYChoicesReachTheEngineForItsOwnModelAlone) {
+  expectChoices("SKY72300-362", {
+                                    {"Text46(0)", "4", get(&PLL::Main_RefDiv), "4"},
+                                    {"Text46(1)", "5", get(&PLL::Aux_RefDiv), "5"},
+                                    {"Text46(2)", "6", get(&PLL::Main_ChrgPump), "6"},
+                                    {"Text46(3)", "7", get(&PLL::Aux_ChrgPump), "7"},
+                                    {"Label70", "click", get(&PLL::Main_LDEnable), "1"},
+                                    {"Label70", "click", get(&PLL::Main_LDEnable), "0"},
+                                    {"Label71", "click", get(&PLL::Aux_LDEnable), "1"},
+                                });
+  ProgramBench bench;
+  bench.open();
+  bench.pick("ADF4113");
+  bench.window.FracRegister();
+  EXPECT_EQ(bench.pll.Main_RefDiv, 0);
+  EXPECT_EQ(bench.pll.R6_MuxOut, "0000") << "all other panels are copied whatever the model";
+}
+
+TEST(Panels, OpenAndCloseWithTheirQuirks) {
+  ProgramBench bench;
+  bench.open();
+  bench.pick("LMX2306");
+  bench.click("ACommand");
+  EXPECT_EQ(bench.value("ACommand"), "Advanced") << "an LMX model never shows \"Close\"";
+  bench.click("Command10");
+  EXPECT_FALSE(bench.visible("Frame16"));
+
+  openPanel(bench, "ADF4113");
+  EXPECT_EQ(bench.window.Frame11.Place.get(), (Twips{50, 100, 10500, 2750}));
+  bench.pick("ADF4153");
+  EXPECT_EQ(bench.value("ACommand"), "Close") << "the caption survives a pick";
+  bench.click("ACommand");
+  EXPECT_FALSE(bench.visible("Frame13"));
+  bench.click("ACommand");
+  EXPECT_TRUE(bench.visible("Frame13"));
+  bench.click("Label17");
+  EXPECT_FALSE(bench.visible("Frame13"));
+
+  bench.pick("ADF4118");
+  bench.click("ACommand");
+  bench.pick("ADF4193");
+  EXPECT_TRUE(bench.visible("Frame16")) << "this one panel survives a pick";
+  bench.click("ACommand");
+  openPanel(bench, "SKY72300-362");
+  bench.window.Label17_Click();
+  EXPECT_TRUE(bench.visible("Frame24")) << "the other panels' close label leaves it";
+  EXPECT_EQ(bench.value("ACommand"), "Advanced");
+  bench.click("Label76");
+  EXPECT_FALSE(bench.visible("Frame24"));
+}
+
+TEST(Panels, ImmediateSettingsActAtOnce) {
+  ProgramBench bench;
+  bench.open();
+  openPanel(bench, "LMX2316");
+  EXPECT_EQ(bench.pll.GoBit, "") << "although one option starts selected";
+  bench.click("Option7(1)");
+  EXPECT_EQ(bench.pll.GoBit, "1") << "a click on the selected option counts";
+  bench.click("Option7(0)");
+  EXPECT_EQ(bench.pll.GoBit, "0");
+  bench.click("Check1");
+  EXPECT_EQ(bench.program.module.PolarityNegative, kTrue);
+  openPanel(bench, "ADF4153");
+  bench.click("LDPCheck");
+  EXPECT_EQ(bench.window.LDPCheck.Caption.get(), "LDP=5");
+}
+
+TEST(Panels, FirstClickOnAControlBitSelectsTheNoiseAndSpurOption) {
+  ProgramBench bench;
+  bench.open();
+  openPanel(bench, "ADF4252");
+  EXPECT_EQ(bench.value("Option4(0)"), "0");
+  bench.click("CRLabel(5)");
+  EXPECT_EQ(bench.value("Option4(0)"), "1");
+}
+
+TEST(Panels, ValueBeyond16BitsIsOneMessageThatNamesItsField) {
+  const struct {
+    const char* model;
+    const char* control;
+    const char* field;
+  } rows[] = {{"ADF4113", "PrescalarText", "PreScalar"},
+              {"ADF4153", "Text26", "Resync"},
+              {"ADF4193", "Text36(2)", "Time Out Counter"},
+              {"SKY72300-362", "Text46(0)", "Main: Ref Div Value"}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.control);
+    ProgramBench bench;
+    bench.open();
+    openPanel(bench, row.model);
+    bench.set("VCOText", "900");
+    bench.set(row.control, "40000");
+    bench.forget();
+    bench.click(bench.visible("AllCommand") ? "AllCommand" : "Command14(0)");
+    ASSERT_EQ(bench.messages().size(), 1U);
+    EXPECT_NE(bench.messages()[0].find(row.field), std::string::npos) << bench.messages()[0];
+    EXPECT_NE(bench.messages()[0].find("40000"), std::string::npos) << bench.messages()[0];
+    EXPECT_TRUE(bench.host.port.accesses.empty()) << "nothing is sent";
+  }
+}
+
+TEST(Panels, SKYReadsItsOwnBandFileBeforeThatOfTheOtherPanel) {
+  const auto fileWith = [](const char* name, const char* row) {
+    const std::string path = testing::TempDir() + name;
+    std::ofstream(path) << "! bands\n" << row << "\n! end\n";
+    return path;
+  };
+  ProgramBench bench;
+  bench.open();
+  bench.pick("SKY72300-362");
+  bench.window.Text40.Text = fileWith("one.txt", "1 2 3");
+  bench.window.FracRegister();
+  EXPECT_EQ(bench.pll.SetupFile_ADF4113, bench.window.Text40.Text.get());
+  bench.window.Text47.Text = fileWith("two.txt", "4 5 6\n7 8 9");
+  bench.window.FracRegister();
+  EXPECT_EQ(bench.pll.SetupFile_ADF4113, bench.window.Text47.Text.get());
+  EXPECT_EQ(bench.pll.Setup_ADF4113_NoOfCurrentSet2, 2);
+}
+
+}  // namespace
+}  // namespace tessarine
