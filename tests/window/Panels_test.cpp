@@ -23,7 +23,7 @@ struct BitRow {
 
 TEST(Panels, EachBitReachesItsPlaceInTheMemberAndNoOther) {
   const BitRow rows[] = {
-      {"ADF4113", "Label31", 19, std::string(20, '.'), &PLL::FAnalogDevice, "00100100000011100000"},
+      {"ADF4113", "Label31", 19, std::string(20, '.'), &PLL::FAnalogDevice, "00100100000001110000"},
       {"ADF4252", "MRLabel", 10, "........xxx", &PLL::MasterReg, "11000000011"},
       {"ADF4252", "CRLabel", 15, "xxxxx..x.x...xxx", &PLL::RFcontrolREG, "0100000101100000"},
       {"ADF4153", "Label45", 3, "....", &PLL::CPCurrentSetting_4531, "0111"},
