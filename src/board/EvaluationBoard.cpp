@@ -1,0 +1,104 @@
+#include "board/EvaluationBoard.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace tessarine::board {
+
+EvaluationBoard::EvaluationBoard(Bench bench) : bench_(std::move(bench)) { retune(); }
+
+void EvaluationBoard::drive(Levels next) {
+  const std::int64_t time = nextTick();
+  const Levels before = receiver_.levels();
+  if (next == before && trace_.size() != 0) return;
+  // Lines that share a pin, or a strobe on another line's pin, can move clock and load enable in one write. The
+  // clock edge counts first, and has a tick of its own, so that a trace reads as the chip took it.
+  if (next.loadEnable && !before.loadEnable && next.clock != before.clock) {
+    step(time, {.clock = next.clock, .data = next.data, .loadEnable = false});
+    step(nextTick(), next);
+  } else {
+    step(time, next);
+  }
+}
+
+std::int64_t EvaluationBoard::nextTick() {
+  const std::int64_t clock = bench_.microseconds();
+  if (lastTick_ < 0) origin_ = clock;
+  lastTick_ = std::max(lastTick_ + 1, clock - origin_);
+  return lastTick_;
+}
+
+std::int64_t EvaluationBoard::now() const {
+  return lastTick_ < 0 ? 0 : std::max(lastTick_, bench_.microseconds() - origin_);
+}
+
+void EvaluationBoard::step(std::int64_t time, Levels next) {
+  if (time - lastChange_ >= kPauseMicroseconds) paused_ = true;
+  lastChange_ = time;
+  ++version_;
+  trace_.record(time, next);
+  if (writer_ != nullptr) writer_->change(time, next);
+
+  const WireReceiver::Edges edges = receiver_.drive(next);
+  if (edges.bit) bitTimes_.push(time);
+  if (edges.latch) latch(time);
+}
+
+void EvaluationBoard::latch(std::int64_t time) {
+  LoadedWord word{.bits = receiver_.takeBits(), .bitTimes = {}, .latchTime = time, .registerIndex = {}};
+  for (std::size_t index = 0; index < bitTimes_.size(); ++index) word.bitTimes.push_back(bitTimes_[index]);
+  bitTimes_.clear();
+  if (collecting_) latches_.push_back(word.bits);
+
+  const auto target = chip_ ? chip_->map().select(receiver_.shiftRegister()) : std::nullopt;
+  const bool repeats = target && !word.bits.empty() && !chip_->map().repeatsInLoad &&
+                       std::ranges::any_of(load_, [&](const LoadedWord& earlier) {
+                         return earlier.registerIndex == target;
+                       });
+  if (paused_ || repeats) beginLoad();
+  if (chip_) word.registerIndex = chip_->latch(receiver_.shiftRegister());
+  if (word.registerIndex) word.word = chip_->word(*word.registerIndex).value_or(0);
+  if (load_.size() == kLoadWords) load_.erase(load_.begin());
+  load_.push_back(std::move(word));
+  retune();
+}
+
+void EvaluationBoard::beginLoad() {
+  paused_ = false;
+  load_.clear();
+  chipBeforeLoad_ = chip_;
+}
+
+void EvaluationBoard::plug(std::string_view chipName) {
+  if (chipName == chipName_) return;
+  chipName_ = chipName;
+  const ChipModel* model = findChipModel(chipName);
+  chip_ = model == nullptr ? std::optional<Chip>{} : Chip(*model);
+  receiver_.powerOn();
+  beginLoad();
+  retune();
+}
+
+void EvaluationBoard::retune() {
+  ++version_;
+  if (chip_) {
+    tuning_ = chip_->tune(bench_.referenceMHz());
+  } else {
+    tuning_ = {};
+    tuning_.faults.emplace_back("no chip");
+  }
+  const FrequencyPoint point{lastWrite(), tuning_.outputMHz.value_or(0), tuning_.locked()};
+  if (history_.empty() ? point.outputMHz != 0 || point.locked : !point.sameTuning(history_.back()))
+    history_.push(point);
+}
+
+bool EvaluationBoard::changedByLastLoad(std::size_t registerIndex, const Field& field) const {
+  if (!chip_) return false;
+  const auto now = chip_->word(registerIndex);
+  const auto before = chipBeforeLoad_ ? chipBeforeLoad_->word(registerIndex) : std::nullopt;
+  return now && (!before || field.value(*now) != field.value(*before));
+}
+
+std::vector<std::string> EvaluationBoard::takeLatches() { return std::exchange(latches_, {}); }
+
+}  // namespace tessarine::board
