@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <ranges>
 #include <string_view>
 
 #include "board/WireReceiver.h"
@@ -30,16 +31,16 @@ inline constexpr Cable kUsbCable{.port = 0, .clock = 8, .data = 4, .loadEnable =
   return bit >= '0' && bit <= '7' ? static_cast<std::uint8_t>(1U << static_cast<unsigned>(bit - '0')) : 0;
 }
 
-// The levels of port "B" one after the other while the USB interface shifts `word`: each bit is put on the data
-// line before the clock rises, the last character first; then load enable pulses and all lines go low.
+// The levels of port "B" one after the other while the USB interface shifts `word`: each bit is put on the
+// data line before the clock rises, the last character first; then load enable pulses and all lines go low.
 template <class Drive>
 void shiftWordWave(std::string_view clockPin, std::string_view dataPin, std::string_view loadPin,
                    std::string_view word, Drive&& drive) {
   const std::uint8_t clock = pinMask(clockPin, "B");
   const std::uint8_t data = pinMask(dataPin, "B");
   drive(std::uint8_t{0});
-  for (auto bit = word.rbegin(); bit != word.rend(); ++bit) {
-    const std::uint8_t level = *bit == '1' ? data : std::uint8_t{0};
+  for (const char bit : std::views::reverse(word)) {
+    const std::uint8_t level = bit == '1' ? data : std::uint8_t{0};
     drive(level);
     drive(static_cast<std::uint8_t>(level | clock));
     drive(level);

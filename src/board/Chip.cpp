@@ -40,7 +40,9 @@ std::optional<std::size_t> Chip::latch(std::uint32_t shiftRegister) {
   return index;
 }
 
-bool Chip::loaded(std::string_view registerName) const { return words_[map().index(registerName)].has_value(); }
+bool Chip::loaded(std::string_view registerName) const {
+  return words_[map().index(registerName)].has_value();
+}
 
 std::uint32_t Chip::value(std::string_view registerName, std::string_view fieldName) const {
   const std::size_t index = map().index(registerName);
@@ -78,8 +80,8 @@ Tuning Chip::tune(double referenceMHz) const {
   map().tune(*this, tuning);
 
   if (model_->highestMHz > 0 && tuning.outputMHz && *tuning.outputMHz > model_->highestMHz)
-    tuning.notes.push_back("the output is above " + shortText(model_->highestMHz) + " MHz, the highest of the " +
-                           std::string(model_->name));
+    tuning.notes.push_back("the output is above " + shortText(model_->highestMHz) +
+                           " MHz, the highest of the " + std::string(model_->name));
   const LockOutput& output = map().lockOutput;
   tuning.lockPin = tuning.locked() && (output.registerName.empty() ||
                                        value(output.registerName, output.fieldName) == output.value);

@@ -1,5 +1,5 @@
-// What a chip's registers look like from the receiving side: tables of registers and fields, bit 0 the last bit
-// on the wire. A new register is a new row; no code looks at a word in any other way.
+// What a chip's registers look like from the receiving side: tables of registers and fields, bit 0 the last
+// bit on the wire. A new register is a new row; no code looks at a word in any other way.
 #pragma once
 
 #include <cstddef>
@@ -14,11 +14,12 @@ class Chip;
 struct Tuning;
 
 struct Field {
+  std::string_view name;
+  // What each value stands for, 2^width entries; empty for a number. A value that means nothing reads
+  // "reserved".
+  std::span<const std::string_view> meanings;
   std::uint8_t offset = 0;
   std::uint8_t width = 0;
-  std::string_view name;
-  // What each value stands for, 2^width entries; empty for a number. A value that means nothing reads "reserved".
-  std::span<const std::string_view> meanings;
   bool reserved = false;
 
   [[nodiscard]] constexpr std::uint32_t mask() const { return ((1U << width) - 1U) << offset; }
@@ -29,18 +30,21 @@ struct Field {
   }
 };
 
-constexpr Field number(int offset, int width, std::string_view name) {
-  return {static_cast<std::uint8_t>(offset), static_cast<std::uint8_t>(width), name, {}, false};
+constexpr Field choice(int offset, int width, std::string_view name,
+                       std::span<const std::string_view> meanings) {
+  return {name, meanings, static_cast<std::uint8_t>(offset), static_cast<std::uint8_t>(width)};
 }
-constexpr Field choice(int offset, int width, std::string_view name, std::span<const std::string_view> meanings) {
-  return {static_cast<std::uint8_t>(offset), static_cast<std::uint8_t>(width), name, meanings, false};
+constexpr Field number(int offset, int width, std::string_view name) {
+  return choice(offset, width, name, {});
 }
 constexpr Field reserved(int offset, int width) {
-  return {static_cast<std::uint8_t>(offset), static_cast<std::uint8_t>(width), "reserved", {}, true};
+  Field field = number(offset, width, "reserved");
+  field.reserved = true;
+  return field;
 }
 
-// A word goes to the register whose selector value stands in the bits of its selector mask. Selector and fields
-// together cover each bit of the register once.
+// A word goes to the register whose selector value stands in the bits of its selector mask. Selector and
+// fields together cover each bit of the register once.
 struct Register {
   std::string_view name;
   std::uint8_t width = 0;
@@ -62,7 +66,8 @@ struct Obstacle {
   std::string_view reason;
 };
 
-// The setting that brings lock detect out on the pin. Chips with a pin of its own for it have no register name.
+// The setting that brings lock detect out on the pin. Chips with a pin of its own for it have no register
+// name.
 struct LockOutput {
   std::string_view registerName;
   std::string_view fieldName;

@@ -11,8 +11,8 @@ void EvaluationBoard::drive(Levels next) {
   const std::int64_t time = nextTick();
   const Levels before = receiver_.levels();
   if (next == before && trace_.size() != 0) return;
-  // Lines that share a pin, or a strobe on another line's pin, can move clock and load enable in one write. The
-  // clock edge counts first, and has a tick of its own, so that a trace reads as the chip took it.
+  // Lines that share a pin, or a strobe on another line's pin, can move clock and load enable in one write.
+  // The clock edge counts first, and has a tick of its own, so that a trace reads as the chip took it.
   if (next.loadEnable && !before.loadEnable && next.clock != before.clock) {
     step(time, {.clock = next.clock, .data = next.data, .loadEnable = false});
     step(nextTick(), next);
@@ -51,10 +51,9 @@ void EvaluationBoard::latch(std::int64_t time) {
   if (collecting_) latches_.push_back(word.bits);
 
   const auto target = chip_ ? chip_->map().select(receiver_.shiftRegister()) : std::nullopt;
-  const bool repeats = target && !word.bits.empty() && !chip_->map().repeatsInLoad &&
-                       std::ranges::any_of(load_, [&](const LoadedWord& earlier) {
-                         return earlier.registerIndex == target;
-                       });
+  const bool repeats =
+      target && !word.bits.empty() && !chip_->map().repeatsInLoad &&
+      std::ranges::any_of(load_, [&](const LoadedWord& earlier) { return earlier.registerIndex == target; });
   if (paused_ || repeats) beginLoad();
   if (chip_) word.registerIndex = chip_->latch(receiver_.shiftRegister());
   if (word.registerIndex) word.word = chip_->word(*word.registerIndex).value_or(0);

@@ -1,5 +1,6 @@
-// An evaluation board as seen from its connector: three wires come in, a chip latches what they carry. It keeps
-// what a bench instrument would: the trace of the wires, the last load word by word, the frequency over time.
+// An evaluation board as seen from its connector: three wires come in, a chip latches what they carry. It
+// keeps what a bench instrument would: the trace of the wires, the last load word by word, the frequency over
+// time.
 #pragma once
 
 #include <cstdint>
@@ -24,11 +25,11 @@ struct Bench {
 
 // One load pulse. Times are those of the trace.
 struct LoadedWord {
-  std::string bits;                         // since the pulse before, first on the wire first; possibly none
-  std::vector<std::int64_t> bitTimes;       // rising clock edges of the last of these bits, at most 32
-  std::int64_t latchTime = 0;               // rising load-enable edge
-  std::optional<std::size_t> registerIndex; // the register of the map that took the word
-  std::uint32_t word = 0;                   // what it holds since then
+  std::string bits;                          // since the pulse before, first on the wire first; possibly none
+  std::vector<std::int64_t> bitTimes;        // rising clock edges of the last of these bits, at most 32
+  std::int64_t latchTime = 0;                // rising load-enable edge
+  std::optional<std::size_t> registerIndex;  // the register of the map that took the word
+  std::uint32_t word = 0;                    // what it holds since then
 };
 
 struct FrequencyPoint {
@@ -46,7 +47,7 @@ class EvaluationBoard {
   // Silence on the wires that ends a load. The longest wait inside one, in the power-up of the ADF4193, is
   // 110 ms.
   static constexpr std::int64_t kPauseMicroseconds = 200'000;
-  static constexpr std::size_t kLoadWords = 64;          // kept of a load that never pauses
+  static constexpr std::size_t kLoadWords = 64;  // kept of a load that never pauses
   static constexpr std::size_t kHistoryPoints = 1 << 16;
 
   explicit EvaluationBoard(Bench bench);
@@ -56,8 +57,8 @@ class EvaluationBoard {
   // A write that leaves the wires alone.
   void tick() { (void)nextTick(); }
 
-  // Puts the named chip on the board, freshly powered on; an unknown name takes the chip away. The name that is
-  // there already changes nothing.
+  // Puts the named chip on the board, freshly powered on; an unknown name takes the chip away. The name that
+  // is there already changes nothing.
   void plug(std::string_view chipName);
   [[nodiscard]] std::string_view chipName() const { return chipName_; }
   [[nodiscard]] const Chip* chip() const { return chip_ ? &*chip_ : nullptr; }

@@ -14,8 +14,8 @@ using Text = std::string_view;
 constexpr Text kOffOn[] = {"off", "on"};
 constexpr Text kPolarity[] = {"negative", "positive"};
 constexpr Text kPowerDownMode[] = {"asynchronous", "synchronous"};
-constexpr Text kMuxout[] = {"three-state",       "digital lock detect",    "N divider output",   "logic high",
-                            "R divider output",  "open-drain lock detect", "serial data output", "logic low"};
+constexpr Text kMuxout[] = {"three-state",      "digital lock detect",    "N divider output",   "logic high",
+                            "R divider output", "open-drain lock detect", "serial data output", "logic low"};
 constexpr Text kTimerCycles[] = {"3 cycles",  "7 cycles",  "11 cycles", "15 cycles", "19 cycles", "23 cycles",
                                  "27 cycles", "31 cycles", "35 cycles", "39 cycles", "43 cycles", "47 cycles",
                                  "51 cycles", "55 cycles", "59 cycles", "63 cycles"};
@@ -147,8 +147,8 @@ void dualModulus(std::uint32_t p, const Chip& chip, Tuning& tuning) {
   }
   const double limit = chip.model().highestCounterMHz;
   if (limit > 0 && tuning.outputMHz && *tuning.outputMHz / p > limit)
-    tuning.notes.push_back("behind the prescaler " + shortText(p) + " the output is above " + shortText(limit) +
-                           " MHz");
+    tuning.notes.push_back("behind the prescaler " + shortText(p) + " the output is above " +
+                           shortText(limit) + " MHz");
 }
 
 void tuneAdf411x(const Chip& chip, Tuning& tuning) {

@@ -10,8 +10,10 @@ namespace tessarine::board {
 namespace {
 
 constexpr BoardFaultName kFaults[] = {
-    {BoardFault::none, "none"},   {BoardFault::noEcho, "no-echo"},
-    {BoardFault::stuckData, "stuck-data"}, {BoardFault::noLe, "no-le"},
+    {BoardFault::none, "none"},
+    {BoardFault::noEcho, "no-echo"},
+    {BoardFault::stuckData, "stuck-data"},
+    {BoardFault::noLe, "no-le"},
     {BoardFault::noReference, "no-reference"},
 };
 

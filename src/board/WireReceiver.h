@@ -27,8 +27,8 @@ class WireReceiver {
 
   [[nodiscard]] Levels levels() const { return levels_; }
 
-  // The last 32 bits clocked in since power-on, the last one at bit 0. A latch leaves them in place, so that a
-  // pulse without new bits latches the same word again and a short word keeps older bits above it.
+  // The last 32 bits clocked in since power-on, the last one at bit 0. A latch leaves them in place, so that
+  // a pulse without new bits latches the same word again and a short word keeps older bits above it.
   [[nodiscard]] std::uint32_t shiftRegister() const { return shiftRegister_; }
 
   // The bits clocked in since they were last taken, first on the wire first, as "0" and "1". Bounded: without

@@ -48,8 +48,7 @@ std::size_t WireTrace::countBefore(std::int64_t time) const {
 
 VcdWriter::VcdWriter(std::ostream& out) : out_(out) {
   out_ << "$version Tessarine $end\n$timescale 1 us $end\n$scope module board $end\n";
-  for (const VcdWire& wire : kVcdWires)
-    out_ << "$var wire 1 " << wire.code << ' ' << wire.name << " $end\n";
+  for (const VcdWire& wire : kVcdWires) out_ << "$var wire 1 " << wire.code << ' ' << wire.name << " $end\n";
   out_ << "$upscope $end\n$enddefinitions $end\n";
 }
 

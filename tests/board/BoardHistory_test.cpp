@@ -1,0 +1,170 @@
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "board/BoardBench.h"
+#include "board/WireTrace.h"
+
+namespace tessarine::board {
+namespace {
+
+TEST(Ring, ForgetsTheOldest) {
+  Ring<int> ring(3);
+  for (int value = 1; value <= 8; ++value) ring.push(value);
+  ASSERT_EQ(ring.size(), 3U);
+  EXPECT_EQ((std::vector{ring[0], ring[1], ring[2]}), (std::vector{6, 7, 8}));
+  ring.clear();
+  ring.push(9);
+  EXPECT_EQ(ring.back(), 9);
+}
+
+// "10" and a load pulse, on a clock that stands still between the waits.
+TEST(WireTrace, SavesAsAValueChangeDump) {
+  BoardBench bench;
+  bench.load("10");
+  bench.write(0);
+  std::ostringstream vcd;
+  saveVcd(bench.board().trace(), bench.board().lastWrite(), vcd);
+  EXPECT_EQ(vcd.str(),
+            "$version Tessarine $end\n$timescale 1 us $end\n$scope module board $end\n"
+            "$var wire 1 ! CLOCK $end\n$var wire 1 \" DATA $end\n$var wire 1 # LE $end\n"
+            "$upscope $end\n$enddefinitions $end\n"
+            "#0\n$dumpvars\n0!\n0\"\n0#\n$end\n"
+            "#1\n1\"\n#2\n1!\n#3\n0!\n"
+            "#4\n0\"\n#5\n1!\n#6\n0!\n"
+            "#10000\n1#\n#20000\n0#\n#20001\n");
+}
+
+TEST(WireTrace, TheStreamedDumpIsTheSavedOne) {
+  std::ostringstream streamed;
+  VcdWriter writer(streamed);
+  BoardBench bench;
+  bench.board().stream(&writer);
+  bench.port.OutputByte1(0x37A, 0);  // a port write without wires takes a tick as well
+  bench.load("1101");
+  writer.finish(bench.board().lastWrite());
+  std::ostringstream saved;
+  saveVcd(bench.board().trace(), bench.board().lastWrite(), saved);
+  EXPECT_EQ(streamed.str(), saved.str());
+  EXPECT_NE(saved.str().find("#1\n$dumpvars"), std::string::npos);
+}
+
+TEST(WireTrace, LoadEnableNeverRisesInTheTickOfAClockEdge) {
+  BoardBench bench;
+  bench.write(0);
+  bench.write(5);  // clock and load enable rise together
+  bench.write(1);
+  bench.write(4);  // clock falls as load enable rises
+  const WireTrace& trace = bench.board().trace();
+  for (std::size_t index = 1; index < trace.size(); ++index) {
+    const Levels before = trace[index - 1].levels;
+    const Levels after = trace[index].levels;
+    EXPECT_FALSE(after.loadEnable && !before.loadEnable && after.clock != before.clock) << index;
+    EXPECT_GT(trace[index].time, trace[index - 1].time);
+  }
+  EXPECT_EQ(trace.size(), 6U);
+}
+
+TEST(WireTrace, FindsTheChangesOfAStretchOfTime) {
+  WireTrace trace(4);
+  for (int time = 0; time < 60; time += 10) trace.record(time, {.clock = time % 20 == 10});
+  EXPECT_EQ(trace[0].time, 20);
+  EXPECT_EQ(trace.countBefore(0), 0U);
+  EXPECT_EQ(trace.countBefore(30), 1U);
+  EXPECT_EQ(trace.countBefore(31), 2U);
+  EXPECT_EQ(trace.countBefore(1000), 4U);
+  trace.record(100, {.clock = true});  // no change
+  EXPECT_EQ(trace[3].time, 50);
+}
+
+TEST(EvaluationBoard, AClockThatStandsStillStillMovesTheTrace) {
+  BoardBench bench;
+  EXPECT_EQ(bench.board().now(), 0);
+  bench.write(0);
+  EXPECT_EQ(bench.board().lastWrite(), 0);
+  bench.write(0);
+  bench.write(0);
+  EXPECT_EQ(bench.board().lastWrite(), 2);
+  bench.microseconds += 500;
+  EXPECT_EQ(bench.board().now(), 500);
+  bench.write(0);
+  EXPECT_EQ(bench.board().lastWrite(), 500);
+}
+
+TEST(EvaluationBoard, RecordsTheFrequencyOnlyWhenItChanges) {
+  BoardBench bench("LMX2325");
+  for (int turn = 0; turn < 3; ++turn) {
+    bench.load("0001000000001100101");
+    bench.load("0001000110000101000");  // 900 MHz
+  }
+  bench.load("0001000110000101010");  // A 21: 900.2 MHz
+  bench.board().plug("LMX2320");
+  const auto& history = bench.board().history();
+  ASSERT_EQ(history.size(), 3U);
+  EXPECT_DOUBLE_EQ(history[0].outputMHz, 900);
+  EXPECT_TRUE(history[0].locked);
+  EXPECT_EQ(history[0].time, 30'000);
+  EXPECT_NEAR(history[1].outputMHz, 900.2, 1e-9);
+  EXPECT_EQ(history[2].outputMHz, 0);
+  EXPECT_FALSE(history[2].locked);
+}
+
+TEST(EvaluationBoard, TheLastLoadIsWhatCameSinceTheLastPause) {
+  BoardBench bench("ADF4113");
+  bench.load("000000111000000010010010");
+  bench.load("000000000000000011001000");
+  bench.load("000000100011001000010001");
+  const EvaluationBoard& board = bench.board();
+  ASSERT_EQ(board.lastLoad().size(), 3U);
+  const LoadedWord& first = board.lastLoad()[0];
+  EXPECT_EQ(first.bits, "000000111000000010010010");
+  EXPECT_EQ(first.registerIndex, 2U);
+  EXPECT_EQ(first.word, 0x038092U);
+  ASSERT_EQ(first.bitTimes.size(), 24U);
+  EXPECT_EQ(first.bitTimes.front(), 2);
+  EXPECT_EQ(first.bitTimes.back(), 71);
+  EXPECT_EQ(first.latchTime, 10'000);
+
+  bench.microseconds += 200'000;
+  bench.load("000000100011001000011101");  // A 7 instead of 4
+  ASSERT_EQ(board.lastLoad().size(), 1U);
+  const auto fields = board.chip()->map().registers[1].fields;
+  EXPECT_TRUE(board.changedByLastLoad(1, fields[0]));
+  EXPECT_FALSE(board.changedByLastLoad(1, fields[1]));
+  EXPECT_FALSE(board.changedByLastLoad(0, board.chip()->map().registers[0].fields[0]));
+}
+
+TEST(EvaluationBoard, ARegisterThatComesAgainBeginsANewLoad) {
+  BoardBench bench("LMX2325");
+  for (int turn = 0; turn < 4; ++turn) {
+    bench.load("0001000000001100101");
+    bench.load("0001000110000101000");
+    bench.load("");  // the port's strobe on top of the interface's own pulse
+  }
+  EXPECT_EQ(bench.board().lastLoad().size(), 3U);
+  EXPECT_FALSE(bench.board().changedByLastLoad(0, bench.board().chip()->map().registers[0].fields[0]));
+}
+
+TEST(EvaluationBoard, AnyNumberOfLoadsStaysBounded) {
+  BoardBench bench;  // without a chip no register comes again
+  for (int turn = 0; turn < 10'000; ++turn) bench.load(static_cast<std::uint32_t>(turn), 24);
+  EXPECT_EQ(bench.board().lastLoad().size(), EvaluationBoard::kLoadWords);
+  EXPECT_EQ(bench.board().lastLoad().back().bits, "000000000010011100001111");
+  EXPECT_EQ(bench.board().trace().size(), WireTrace::kCapacity);
+  EXPECT_TRUE(bench.board().takeLatches().empty());  // nobody asked for them
+}
+
+TEST(EvaluationBoard, TheVersionRisesWithEachChange) {
+  BoardBench bench("ADF4113");
+  const auto idle = bench.board().version();
+  bench.write(0);
+  const auto first = bench.board().version();
+  EXPECT_GT(first, idle);
+  bench.write(0);
+  EXPECT_EQ(bench.board().version(), first);
+  bench.write(2);
+  EXPECT_GT(bench.board().version(), first);
+}
+
+}  // namespace
+}  // namespace tessarine::board

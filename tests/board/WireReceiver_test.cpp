@@ -1,0 +1,121 @@
+#include "board/WireReceiver.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+#include "board/BoardBench.h"
+#include "board/Cable.h"
+
+namespace tessarine::board {
+namespace {
+
+TEST(WireReceiver, BitsAreTakenAtTheRisingClockEdgeOnly) {
+  WireReceiver receiver;
+  EXPECT_FALSE(receiver.drive({.clock = false, .data = true}).bit);
+  EXPECT_TRUE(receiver.drive({.clock = true, .data = true}).bit);
+  EXPECT_FALSE(receiver.drive({.clock = true, .data = false}).bit);   // still high
+  EXPECT_FALSE(receiver.drive({.clock = false, .data = false}).bit);  // falling
+  EXPECT_TRUE(receiver.drive({.clock = true, .data = false}).bit);
+  EXPECT_EQ(receiver.bits(), "10");
+  EXPECT_EQ(receiver.shiftRegister(), 0b10U);
+}
+
+TEST(WireReceiver, LoadEnableThatIsHighAlreadyGivesNoNewPulse) {
+  WireReceiver receiver;
+  EXPECT_TRUE(receiver.drive({.loadEnable = true}).latch);
+  EXPECT_FALSE(receiver.drive({.clock = true, .data = true, .loadEnable = true}).latch);
+  EXPECT_FALSE(receiver.drive({.loadEnable = true}).latch);
+  EXPECT_FALSE(receiver.drive({}).latch);
+  EXPECT_TRUE(receiver.drive({.loadEnable = true}).latch);
+  EXPECT_EQ(receiver.takeBits(), "1");  // clocked in while load enable was high
+  EXPECT_EQ(receiver.takeBits(), "");
+}
+
+TEST(WireReceiver, ShortWordsKeepTheOlderBitsAboveThem) {
+  WireReceiver receiver;
+  for (const bool bit : {true, true, false, true}) {
+    receiver.drive({.data = bit});
+    receiver.drive({.clock = true, .data = bit});
+    receiver.drive({});
+  }
+  EXPECT_EQ(receiver.takeBits(), "1101");
+  receiver.drive({.clock = true});
+  EXPECT_EQ(receiver.takeBits(), "0");
+  EXPECT_EQ(receiver.shiftRegister(), 0b11010U);
+  receiver.powerOn();
+  EXPECT_EQ(receiver.shiftRegister(), 0U);
+}
+
+TEST(WireReceiver, ForgetsTheOldestBitsOfAnEndlessWord) {
+  WireReceiver receiver;
+  for (int count = 0; count < 200'000; ++count) {
+    receiver.drive({.clock = true, .data = count == 199'999});
+    receiver.drive({});
+  }
+  EXPECT_LE(receiver.bits().size(), 65'536U);
+  EXPECT_EQ(receiver.bits().back(), '1');
+}
+
+TEST(Cable, NamesOfPinsAreMasksOfTheirOwnPortOnly) {
+  EXPECT_EQ(pinMask("B3", "B"), 8);
+  EXPECT_EQ(pinMask("B7", "B"), 128);
+  EXPECT_EQ(pinMask("A3", "B"), 0);
+  EXPECT_EQ(pinMask("B8", "B"), 0);
+  EXPECT_EQ(pinMask("B", "B"), 0);
+  EXPECT_EQ(pinMask("", "B"), 0);
+}
+
+TEST(Cable, TheWaveOfAnUsbWordSendsTheLastCharacterFirst) {
+  std::vector<int> pins;
+  shiftWordWave("B3", "B2", "B1", "011", [&](std::uint8_t level) { pins.push_back(level); });
+  EXPECT_EQ(pins, (std::vector{0, 4, 12, 4, 4, 12, 4, 0, 8, 0, 0, 2, 0}));
+}
+
+TEST(VirtualBoard, FollowsTheCableOfTheWiringDialog) {
+  BoardBench bench;
+  bench.cable = {.port = 0x278, .clock = 128, .data = 1, .loadEnable = 16};
+  bench.board().collectLatches();
+  bench.load("1011");
+  bench.port.DlPortWritePortUchar(0x378, 0xFF);  // another port
+  bench.load("0");
+  EXPECT_EQ(bench.board().takeLatches(), (std::vector<std::string>{"1011", "0"}));
+}
+
+TEST(VirtualBoard, ClockAndLoadEnableOnOnePinTakeTheBitBeforeTheLatch) {
+  BoardBench bench;
+  bench.cable = {.port = 0x378, .clock = 4, .data = 2, .loadEnable = 4};
+  bench.board().collectLatches();
+  bench.write(2);
+  bench.write(6);
+  bench.write(0);
+  EXPECT_EQ(bench.board().takeLatches(), (std::vector<std::string>{"1"}));
+}
+
+TEST(VirtualBoard, EveryPortEchoesAndLinesThatAreNoWiresDoNothing) {
+  BoardBench bench;
+  bench.board().collectLatches();
+  bench.port.DlPortWritePortUchar(0x378, 0xE8);
+  bench.port.OutputByte1(0x37A, 0x04);
+  EXPECT_EQ(bench.port.DlPortReadPortUchar(0x378), 0xE8);
+  EXPECT_EQ(bench.port.InputByte1(0x37A), 0x04);
+  EXPECT_EQ(bench.port.InputByte1(0xFFFF), 0);
+  EXPECT_TRUE(bench.board().takeLatches().empty());
+}
+
+TEST(VirtualBoard, UsbWordsLatchByThemselvesAndAStrobeLatchesThemAgain) {
+  BoardBench bench("ADF4113");
+  bench.board().collectLatches();
+  bench.port.UsbOpen(0);
+  bench.port.UsbShiftWord("B3", "B2", "B1", "B0", 0, "000100110000000000000000");
+  EXPECT_EQ(bench.port.UsbReadPort("B"), 0);
+  bench.port.UsbWritePort("B", 0);
+  bench.port.UsbWritePort("B", 2);
+  EXPECT_EQ(bench.port.UsbReadPort("B"), 2);
+  EXPECT_EQ(bench.port.UsbReadPin("B1"), 1);
+  EXPECT_EQ(bench.board().takeLatches(), (std::vector<std::string>{"000000000000000011001000", ""}));
+  EXPECT_EQ(bench.field("R", "R"), 50U);
+}
+
+}  // namespace
+}  // namespace tessarine::board
