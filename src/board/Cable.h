@@ -1,8 +1,8 @@
 // Which line of the port is which wire of the board.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
-#include <ranges>
 #include <string_view>
 
 #include "board/WireReceiver.h"
@@ -39,8 +39,8 @@ void shiftWordWave(std::string_view clockPin, std::string_view dataPin, std::str
   const std::uint8_t clock = pinMask(clockPin, "B");
   const std::uint8_t data = pinMask(dataPin, "B");
   drive(std::uint8_t{0});
-  for (const char bit : std::views::reverse(word)) {
-    const std::uint8_t level = bit == '1' ? data : std::uint8_t{0};
+  for (std::size_t left = word.size(); left > 0; --left) {
+    const std::uint8_t level = word[left - 1] == '1' ? data : std::uint8_t{0};
     drive(level);
     drive(static_cast<std::uint8_t>(level | clock));
     drive(level);
