@@ -1,0 +1,182 @@
+// The host, the clock and the orderly end on a signal.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <thread>
+
+#include "linux/FakeKernel.h"
+#include "platform/Fault.h"
+#include "platform/linux/LeaveOnSignal.h"
+#include "platform/linux/LinuxClock.h"
+#include "platform/linux/LinuxHost.h"
+#include "platform/linux/LinuxPlatform.h"
+
+namespace tessarine {
+namespace {
+
+using ::testing::ElementsAre;
+
+TEST(LinuxHost, CountsAsAHostThatNeedsThePortDriver) {
+  LinuxHost host;
+  const auto version = host.GetVersionExA();
+  ASSERT_TRUE(version);
+  EXPECT_EQ(version->platform, 2);
+  EXPECT_GE(version->major, 4);
+  std::uintptr_t handle = 7;
+  EXPECT_NE(host.RegOpenKeyExA(kHKeyLocalMachine, "SOFTWARE", 0x2003F, handle), 0);
+}
+
+TEST(LinuxHost, StartsTheDriverHiddenAndWithoutWaiting) {
+  const auto folder = std::filesystem::path(::testing::TempDir()) / "tessarine-host";
+  std::filesystem::create_directories(folder);
+  const auto program = folder / "modprobe";
+  const auto told = folder / "told";
+  std::filesystem::remove(told);
+  std::ofstream(program) << "#!/bin/sh\nread line\nsleep 0.2\necho visible\n"
+                         << "echo \"$@\" $(readlink /proc/self/fd/1) > " << told.string() << ".new\nmv "
+                         << told.string() << ".new " << told.string() << "\n";
+  std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+  LinuxHost host({(folder / "none").string(), program.string()});
+  ::testing::internal::CaptureStdout();
+  host.startPortDriver();
+  EXPECT_FALSE(std::filesystem::exists(told));
+  for (int i = 0; i < 500 && !std::filesystem::exists(told); ++i)
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  EXPECT_EQ(::testing::internal::GetCapturedStdout(), "");
+  std::string line;
+  std::getline(std::ifstream(told) >> std::ws, line);
+  EXPECT_TRUE(line.starts_with("-q ppdev")) << line;
+  EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1) << "no child is left behind";
+
+  EXPECT_THROW(LinuxHost({(folder / "none").string()}).startPortDriver(), Fault);
+  EXPECT_THROW(host.startProgram((folder / "none").string()), Fault);
+  EXPECT_NO_THROW(host.startProgram("/bin/true"));
+}
+
+TEST(LinuxHost, DrivesAreTheRootAndTheMountedVolumes) {
+  EXPECT_THAT(volumesOf("sysfs /sys sysfs rw 0 0\n"
+                        "/dev/sda2 / ext4 rw 0 0\n"
+                        "/dev/sda1 /boot/efi vfat rw 0 0\n"
+                        "tmpfs /run/user/1000 tmpfs rw 0 0\n"
+                        "/dev/loop3 /snap/core/1 squashfs ro 0 0\n"
+                        "/dev/sdb1 /media/ann/USB\\040STICK vfat rw 0 0\n"
+                        "/dev/sdb1 /media/ann/USB\\040STICK vfat rw 0 0\n"
+                        "server:/lab /lab nfs4 rw 0 0\n"
+                        "/dev/sda3 /home ext4 rw 0 0\n"
+                        "torn line\n"),
+              ElementsAre("/", "/media/ann/USB STICK", "/lab", "/home"));
+  EXPECT_THAT(LinuxHost({}, "/nowhere").drives(), ElementsAre("/"));
+}
+
+TEST(LinuxClock, GoesOnFromItsStartWhateverTheSystemTimeDoes) {
+  double steady = 5000;
+  LinuxClock clock(
+      86399.5, [&] { return steady; }, [] {});
+  EXPECT_DOUBLE_EQ(clock.secondsSinceMidnight(), 86399.5);
+  steady += 1;
+  EXPECT_DOUBLE_EQ(clock.secondsSinceMidnight(), 0.5);
+  steady += 86400.25;
+  EXPECT_DOUBLE_EQ(clock.secondsSinceMidnight(), 0.75);
+}
+
+TEST(LinuxClock, CountsFromLocalMidnight) {
+  const char* before = std::getenv("TZ");
+  const std::string zone = before != nullptr ? before : "";
+  using std::chrono::milliseconds;
+  const auto time =
+      std::chrono::system_clock::time_point(milliseconds(1'700'000'000'250));  // 22:13:20.25 UTC
+  const std::pair<const char*, double> cases[] = {{"UTC0", 80000.25},
+                                                  {"XYZ-5:45", 80000.25 + 5 * 3600 + 45 * 60 - 86400},
+                                                  {"XYZ12", 80000.25 - 12 * 3600}};
+  for (const auto& [name, seconds] : cases) {
+    ::setenv("TZ", name, 1);
+    ::tzset();
+    EXPECT_DOUBLE_EQ(secondsOfDay(time), seconds) << name;
+  }
+  before != nullptr ? ::setenv("TZ", zone.c_str(), 1) : ::unsetenv("TZ");
+  ::tzset();
+}
+
+// In a child: how it ends, and what it said when it left.
+struct Ending {
+  int status;
+  std::string said;
+};
+
+Ending endingOf(const std::function<std::string()>& leave, const std::function<void()>& action) {
+  int ends[2];
+  EXPECT_EQ(::pipe(ends), 0);
+  const pid_t child = ::fork();
+  if (child == 0) {
+    ::close(ends[0]);
+    {
+      const LeaveOnSignal watch([&] {
+        const std::string said = leave();
+        (void)!::write(ends[1], said.data(), said.size());
+      });
+      action();
+    }
+    (void)!::write(ends[1], "done", 4);
+    ::_exit(0);
+  }
+  ::close(ends[1]);
+  Ending ending{};
+  char byte = 0;
+  while (::read(ends[0], &byte, 1) == 1) ending.said += byte;
+  ::close(ends[0]);
+  ::waitpid(child, &ending.status, 0);
+  return ending;
+}
+
+std::string sayLeft() { return "left"; }
+
+TEST(LeaveOnSignal, BringsTheHardwareToRestAndEndsAsTheSignalDoes) {
+  for (const int number : {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGPIPE, SIGABRT}) {
+    const Ending ending = endingOf(sayLeft, [&] {
+      std::raise(number);
+      ::sleep(20);
+    });
+    EXPECT_EQ(ending.said, "left") << number;
+    EXPECT_TRUE(WIFSIGNALED(ending.status) && WTERMSIG(ending.status) == number) << number;
+  }
+}
+
+TEST(LeaveOnSignal, NothingReachesThePortAfterTheLinesWereLowered) {
+  FakeKernel kernel;
+  kernel.addPort(0x378, "parport0");
+  LibFtdi ftdi;
+  LinuxPlatform host(kernel, ftdi, [] {});
+  std::string seen;
+  const Ending ending = endingOf(
+      [&] {
+        host.leaveForGood();
+        std::this_thread::sleep_for(
+            std::chrono::milliseconds(50));  // the other thread goes on writing, if it can
+        return hexByte(kernel.at(0x378)) + hexByte(kernel.at(0x37A));
+      },
+      [&] {
+        host.driver.DlPortWritePortUchar(0x37A, 0);
+        host.driver.DlPortWritePortUchar(0x378, 0xFF);
+        ::kill(::getpid(), SIGTERM);
+        for (;;) host.driver.DlPortWritePortUchar(0x378, 0x55);
+      });
+  EXPECT_EQ(ending.said, "000C");
+  EXPECT_TRUE(WIFSIGNALED(ending.status) && WTERMSIG(ending.status) == SIGTERM);
+}
+
+TEST(LeaveOnSignal, LeavesAloneWhatIsIgnoredAndEndsWithItsScope) {
+  std::signal(SIGHUP, SIG_IGN);
+  const Ending ignored = endingOf(sayLeft, [] { std::raise(SIGHUP); });
+  std::signal(SIGHUP, SIG_DFL);
+  EXPECT_EQ(ignored.said, "done");
+  EXPECT_EQ(endingOf(sayLeft, [] {}).said, "done");
+}
+
+}  // namespace
+}  // namespace tessarine

@@ -1,0 +1,239 @@
+// The USB interface on a module, by what reaches libftdi.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <functional>
+
+#include "linux/FakeKernel.h"
+#include "platform/Fault.h"
+#include "platform/linux/BitBang.h"
+#include "platform/linux/LinuxPlatform.h"
+
+namespace tessarine {
+namespace {
+
+using ::testing::ElementsAre;
+
+// A module with two channels. Calls are recorded as texts, the levels of channel B one by one.
+class FakeModule : public FtdiLibrary {
+ public:
+  std::unique_ptr<FtdiChannel> channel(char name) override { return std::make_unique<Channel>(*this, name); }
+
+  std::vector<std::string> taken() { return std::exchange(calls, {}); }
+
+  std::vector<std::string> calls;
+  std::vector<std::uint8_t> levels;
+  int product = 0x6010;
+  int openResult = 0;
+  bool unplugged = false;
+  int takes = 1 << 20;  // bytes of the next transfers
+  std::uint8_t pinsA = 0;
+  std::uint8_t pinsB = 0;
+
+ private:
+  class Channel : public FtdiChannel {
+   public:
+    Channel(FakeModule& module, char name) : module_(module), name_(1, name) {}
+    int open(int vendor, int product, int) override {
+      if (module_.unplugged || vendor != 0x0403 || product != module_.product) return kFtdiNotFound;
+      return record(" open", module_.openResult);
+    }
+    void close() override { record(" close", 0); }
+    int setOutputs(std::uint8_t outputs) override { return record(" outputs " + hexByte(outputs), 0); }
+    int setBaudRate(int rate) override { return record(" rate " + std::to_string(rate), 0); }
+    int write(std::span<const std::uint8_t> levels) override {
+      const int taken = std::min(static_cast<int>(levels.size()), module_.takes);
+      if (!module_.unplugged) {
+        module_.levels.insert(module_.levels.end(), levels.begin(), levels.begin() + taken);
+        module_.pinsB = levels[static_cast<std::size_t>(taken) - 1];
+      }
+      return record(" write " + std::to_string(levels.size()), taken);
+    }
+    int readPins(std::uint8_t& pins) override {
+      pins = name_ == "A" ? module_.pinsA : module_.pinsB;
+      return record(" pins", 0);
+    }
+    std::string errorText() const override { return "usb bulk write failed"; }
+
+   private:
+    int record(const std::string& call, int result) {
+      module_.calls.push_back(name_ + call);
+      return module_.unplugged ? -1 : result;
+    }
+    FakeModule& module_;
+    std::string name_;
+  };
+};
+
+class Usb : public ::testing::Test {
+ protected:
+  void list(const char* product = "6010\n") {
+    const std::string folder = "/sys/bus/usb/devices/1-2/";
+    kernel.files["/sys/bus/usb/devices/1-1/idVendor"] = "1d6b\n";
+    kernel.files[folder + "idVendor"] = "0403\n";
+    kernel.files[folder + "idProduct"] = product;
+    kernel.files[folder + "busnum"] = "1\n";
+    kernel.files[folder + "devnum"] = "12\n";
+    kernel.nodes["/dev/bus/usb/001/012"] = 0;
+  }
+
+  std::string faultOf(const std::function<void()>& action) {
+    try {
+      action();
+    } catch (const Fault& fault) {
+      return fault.what();
+    }
+    return {};
+  }
+
+  void shift(std::string_view word) { host.usb.UsbShiftWord("B3", "B2", "B1", "B0", 0, word); }
+
+  FakeKernel kernel;
+  FakeModule module;
+  LinuxPlatform host{kernel, module, [] {}};
+};
+
+TEST_F(Usb, OpeningDrivesChannelBLowAndLeavesChannelAInput) {
+  host.usb.UsbOpen(0);
+  EXPECT_THAT(module.taken(), ElementsAre("B open", "B outputs FF", "B rate 62500", "B write 1", "A open",
+                                          "A outputs 00", "A rate 62500"));
+  EXPECT_THAT(module.levels, ElementsAre(0));
+  host.usb.UsbWritePort("B", 0x0A);
+  EXPECT_EQ(host.usb.UsbReadPort("B"), 0x0A);
+  module.pinsA = 0x08;
+  EXPECT_EQ(host.usb.UsbReadPin("A3"), 1);
+  EXPECT_EQ(host.usb.UsbReadPin("A2"), 0);
+  EXPECT_EQ(host.usb.UsbReadPin("B1"), 1);
+  (void)module.taken();
+  // Load enable drifts up first, alone.
+  host.usb.UsbClose();
+  EXPECT_THAT(module.taken(),
+              ElementsAre("A outputs 00", "A close", "B write 1", "B outputs FD", "B outputs 00", "B close"));
+  EXPECT_EQ(module.levels.back(), 0);
+}
+
+TEST_F(Usb, AWordIsOneTransferStepByStep) {
+  host.usb.UsbOpen(0);
+  (void)module.taken();
+  module.levels.clear();
+  shift("100");  // the last character first
+  EXPECT_THAT(module.taken(), ElementsAre("B write 13"));
+  EXPECT_THAT(module.levels, ElementsAre(0, 0, 8, 0, 0, 8, 0, 4, 12, 4, 0, 2, 0));
+  module.levels.clear();
+  shift("");
+  EXPECT_THAT(module.levels, ElementsAre(0, 0, 2, 0));
+}
+
+struct UsbObstacle {
+  const char* name;
+  std::function<void(FakeKernel&, FakeModule&)> set;
+  const char* sentence;
+};
+
+TEST_F(Usb, EachObstacleIsNamedWithTheLineToType) {
+  const UsbObstacle obstacles[] = {
+      {"missing",
+       [](FakeKernel& k, FakeModule& m) {
+         k.files.erase("/sys/bus/usb/devices/1-2/idVendor");
+         m.unplugged = true;
+       },
+       "The USB module is missing: no FT2232H-class module (0403:6010 or 0403:6011) is plugged in. To see "
+       "what is, "
+       "type: lsusb -d 0403:"},
+      {"no permission",
+       [](FakeKernel& k, FakeModule& m) {
+         k.nodes["/dev/bus/usb/001/012"] = -EACCES;
+         m.openResult = kFtdiNotOpened;
+       },
+       "No permission for the USB module /dev/bus/usb/001/012. Type, in the program's folder: sudo cp "
+       "packaging/60-tessarine.rules /etc/udev/rules.d/ && sudo udevadm control --reload && sudo udevadm "
+       "trigger"},
+      {"another program",
+       [](FakeKernel& k, FakeModule& m) {
+         k.links["/sys/bus/usb/devices/1-2:1.1/driver"] = "../../../../bus/usb/drivers/usbfs";
+         m.openResult = kFtdiNotClaimed;
+       },
+       "Channel B of the USB module is busy: another program holds it. To see which, type: sudo fuser -v "
+       "/dev/bus/usb/001/012"},
+      {"another program, already gone", [](FakeKernel&, FakeModule& m) { m.openResult = kFtdiNotClaimed; },
+       "Channel B of the USB module is busy: another program holds it. To see which, type: sudo fuser -v "
+       "/dev/bus/usb/001/012"},
+      {"a kernel driver",
+       [](FakeKernel& k, FakeModule& m) {
+         k.links["/sys/bus/usb/devices/1-2:1.1/driver"] = "../../../../bus/usb/drivers/ftdi_sio";
+         m.openResult = kFtdiNotClaimed;
+       },
+       "Channel B of the USB module is busy: the kernel driver ftdi_sio holds it. Type: sudo modprobe -r "
+       "ftdi_sio"},
+      {"anything else", [](FakeKernel&, FakeModule& m) { m.openResult = -6; },
+       "The USB module cannot be opened: usb bulk write failed. To see what the kernel says, type: sudo "
+       "dmesg"},
+  };
+  for (const UsbObstacle& obstacle : obstacles) {
+    SCOPED_TRACE(obstacle.name);
+    kernel = FakeKernel();
+    module = FakeModule();
+    list();
+    obstacle.set(kernel, module);
+    EXPECT_EQ(faultOf([&] { host.usb.UsbOpen(0); }), obstacle.sentence);
+    EXPECT_EQ(faultOf([&] { shift("1"); }), obstacle.sentence);
+    // Set right: the next command opens it.
+    module.openResult = 0;
+    module.unplugged = false;
+    EXPECT_EQ(faultOf([&] { shift("1"); }), "");
+    host.usb.UsbClose();
+  }
+}
+
+TEST_F(Usb, AModuleWithFourChannelsServesToo) {
+  module.product = 0x6011;
+  shift("1");
+  EXPECT_EQ(module.levels.size(), 8U);
+}
+
+TEST_F(Usb, UnpluggingIsOneFaultAndTheNextCommandOpensAnew) {
+  shift("10");
+  module.unplugged = true;
+  EXPECT_EQ(faultOf([&] { shift("01"); }),
+            "The USB module is missing since this command (usb bulk write failed). Plug it in again: the "
+            "next command "
+            "opens it anew");
+  module.unplugged = false;
+  (void)module.taken();
+  shift("11");
+  EXPECT_THAT(module.taken(),
+              ElementsAre("B open", "B outputs FF", "B rate 62500", "B write 1", "B write 10"));
+  module.unplugged = true;
+  EXPECT_NE(faultOf([&] { host.usb.UsbReadPin("A3"); }), "");
+  EXPECT_NE(faultOf([&] { host.usb.UsbWritePort("B", 0); }), "");
+  host.usb.UsbClose();
+}
+
+TEST_F(Usb, AShortTransferIsAFault) {
+  host.usb.UsbOpen(0);
+  module.takes = 5;
+  EXPECT_EQ(faultOf([&] { shift("0101"); }),
+            "The USB module took only 5 of 16 bytes. The next command opens it anew");
+  module.takes = 100;
+  (void)module.taken();
+  shift("1");
+  EXPECT_EQ(module.taken().front(), "B open");
+}
+
+TEST_F(Usb, NamesThatDoNotExistAreRefusedBeforeAnythingIsOpened) {
+  const std::pair<std::function<void()>, const char*> cases[] = {
+      {[&] { host.usb.UsbWritePort("C", 0); }, "There is no USB port \"C\", only A and B"},
+      {[&] { host.usb.UsbWritePort("A", 0); }, "USB port A is an input; the output is port B"},
+      {[&] { (void)host.usb.UsbReadPort(""); }, "There is no USB port \"\", only A and B"},
+      {[&] { (void)host.usb.UsbReadPin("A8"); }, "There is no USB pin \"A8\", only A0 to A7 and B0 to B7"},
+      {[&] { host.usb.UsbShiftWord("A3", "B2", "B1", "B0", 0, "1"); },
+       "USB pin A3 is an input; the outputs are B0 to B7"},
+      {[&] { host.usb.UsbShiftWord("B3", "B2", "B1", "B0", 1, "1"); }, "USB shift mode 1 is not 0"},
+  };
+  for (const auto& [action, sentence] : cases) EXPECT_EQ(faultOf(action), sentence);
+  EXPECT_TRUE(module.calls.empty());
+}
+
+}  // namespace
+}  // namespace tessarine
