@@ -178,7 +178,11 @@ class PLL {
   void CalcLMX2315Words();
   void CalcADF4252();
   void CalcADF4153();
+  void calcADF4153Words();
+  void buildTimerWords(bool fromFile);
   void CalcSKY72300();
+  [[nodiscard]] String mainPumpField();
+  [[nodiscard]] String bandSetting() const;
   [[nodiscard]] static String SetupCurrentBits(const String& Text);
   static void GreatestDivisor(Integer& A, Integer& B, Integer& Result);
 

@@ -1,0 +1,124 @@
+// The ten words of the SKY72300-362: a 4-bit address and 12 bits of data each, most significant bit first.
+//
+// The chip divides by N + 32 + F / 2^18 with F in two's complement: the ratio is rounded to the nearest whole
+// number, and F is what remains, on either side.
+#include "chips/Words.h"
+#include "engine/BitStrings.h"
+#include "engine/EngineView.h"
+#include "engine/Module1.h"
+#include "engine/Numbers.h"
+#include "engine/PLL.h"
+#include "engine/Rounding.h"
+#include "platform/Fault.h"
+#include "platform/Platform.h"
+
+namespace tessarine {
+
+namespace {
+
+constexpr int kPumpWidth = 5;
+constexpr double kMaxRefDiv = 32;
+constexpr double kWholeOffset = 32;       // the word holds the division ratio less this
+constexpr double kFractionSteps = 1 << 18;
+constexpr double kDecimals = 1000000;
+
+struct Division {
+  double N;
+  double F;  // two's complement of 18 bits
+};
+
+Division divisionOf(double Fvco, double C) {
+  const double T = Fvco / C;
+  const double W = roundHalfAway(T);
+  const double D = roundHalfAway((T - W) * kDecimals) / kDecimals;
+  const double F = roundHalfAway(D * kFractionSteps);
+  return {W - kWholeOffset, F < 0 ? F + kFractionSteps : F};
+}
+
+void requireRefDiv(double RefDiv) {
+  if (RefDiv >= 1 && RefDiv <= kMaxRefDiv) return;
+  throw Fault(joined({"Main reference division = ", messageNumber(RefDiv), " cannot be used (1 to ",
+                      messageNumber(kMaxRefDiv), ")"}));
+}
+
+bool startsWithNumber(std::string_view text) {
+  if (!text.empty() && (text.front() == '+' || text.front() == '-')) text.remove_prefix(1);
+  if (!text.empty() && text.front() == '.') text.remove_prefix(1);
+  return !text.empty() && text.front() >= '0' && text.front() <= '9';
+}
+
+}  // namespace
+
+void PLL::CalcSKY72300() {
+  requireRefDiv(Main_RefDiv);
+  requireAboveZero("Fosc", Fosc, " MHz");
+  const double C = Fosc / Main_RefDiv;
+  const Division division = divisionOf(Fvco, C);
+
+  const String wholeField = naturalField("N", division.N, 9);
+  const String fracField = naturalField("F", division.F, 18);
+  const String refDivField = naturalField("Main reference division less 1", Main_RefDiv - 1, 5);
+  const String auxPump = naturalField("Auxiliary charge pump", Aux_ChrgPump, kPumpWidth);
+  const String mainPump = mainPumpField();
+  // Nothing can be refused from here on.
+
+  const auto show = [this](int index, std::string_view name, const String& word) {
+    if (module_.view != nullptr) module_.view->showWord(index, joined({name, word}));
+  };
+  R0 = joined({"0000", "000", wholeField});
+  show(0, "R0: ", R0);
+  r1 = joined({"0001", "00", std::string_view(fracField).substr(0, 10)});
+  show(1, "R1: ", r1);
+  R2 = joined({"0010", "0000", std::string_view(fracField).substr(10)});
+  show(2, "R2: ", R2);
+  R3 = joined({"0011", "000", "000000000"});
+  show(3, "R3: ", R3);
+  R4 = joined({"0100", "00", "0000000000"});
+  show(4, "R4: ", R4);
+  R5 = joined({"0101", "00", "00000", refDivField});
+  show(5, "R5: ", R5);
+  R6 = joined({"0110", Aux_LDEnable, auxPump, Main_LDEnable, mainPump});
+  show(6, "R6: ", R6);
+  R7 = joined({"0111", "00", MultiplexerReg});
+  show(7, "R7: ", R7);
+  R8 = joined({"1000", "00", ModulationControlReg});
+  show(8, "R8: ", R8);
+  R9 = joined({"1001", ModulationDataReg});
+  show(9, "R9: ", R9);
+}
+
+// The panel's value, or that of the band file if one is named and has a number for Fvco.
+String PLL::mainPumpField() {
+  if (SetupFile_ADF4113.empty()) return naturalField("Main charge pump", Main_ChrgPump, kPumpWidth);
+  const String setting = bandSetting();
+  if (startsWithNumber(setting)) {
+    const String bits = SetupCurrentBits(setting);
+    if (bits.size() == kPumpWidth) return bits;
+    throw Fault(joined({"Charge pump = ", setting, " of the band file does not fit 5 bits (0 to 31)"}));
+  }
+  const String panel = naturalField("Main charge pump", Main_ChrgPump, kPumpWidth);
+  module_.platform.screen.messageBox(joined({"The band file has no charge-pump value for ",
+                                             messageNumber(Fvco), " MHz. The panel's value is used."}),
+                                     Icon::critical);
+  return panel;
+}
+
+// The setting, as the file has it, of the last band that holds Fvco, else of the first; empty without any.
+String PLL::bandSetting() const {
+  const Single V = toSingle(Fvco);
+  const auto rows = static_cast<std::size_t>(Setup_ADF4113_NoOfCurrentSet2);
+  if (rows == 0) return {};
+  std::size_t row = 0;
+  for (std::size_t i = 0; i < rows; ++i) {
+    if (V >= CurrentSet2Low[i] && V <= CurrentSet2High[i]) row = i;
+  }
+  return ReverseStr(CurrentSet2Code[row]);
+}
+
+String PLL::SetupCurrentBits(const String& Text) {
+  Integer value = leadingInteger(Text, "Charge pump");
+  const String digits = IntToBin(value);
+  return digits.size() < kPumpWidth ? String(kPumpWidth - digits.size(), '0') + digits : digits;
+}
+
+}  // namespace tessarine

@@ -1,0 +1,24 @@
+#include "chips/Words.h"
+
+#include "engine/Numbers.h"
+#include "engine/Rounding.h"
+#include "platform/Fault.h"
+
+namespace tessarine {
+
+String joined(std::initializer_list<std::string_view> fields) {
+  String word;
+  for (const std::string_view field : fields) word += field;
+  return word;
+}
+
+void requireAboveZero(std::string_view name, double value, std::string_view unit) {
+  if (value > 0) return;
+  throw Fault(joined({name, " = ", messageNumber(value), unit, " must be above 0"}));
+}
+
+std::string_view prescalerBit(Integer PreScalar) { return PreScalar == 8 || PreScalar == 9 ? "1" : "0"; }
+
+String detectorCaption(Single PFD) { return plainDecimal(toSingle(PFD * 1000.0), 7); }
+
+}  // namespace tessarine

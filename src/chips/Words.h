@@ -1,0 +1,23 @@
+// What the word builders of the chip families share.
+#pragma once
+
+#include <initializer_list>
+#include <string_view>
+
+#include "engine/Types.h"
+
+namespace tessarine {
+
+// The fields of a word, joined in the order given.
+[[nodiscard]] String joined(std::initializer_list<std::string_view> fields);
+
+// A Fault unless `value` is above 0: nothing can be divided by it.
+void requireAboveZero(std::string_view name, double value, std::string_view unit = {});
+
+// The prescaler select of the fractional chips: "1" for the moduli 8 and 9, else "0".
+[[nodiscard]] std::string_view prescalerBit(Integer PreScalar);
+
+// A detector frequency of `PFD` MHz as the text of `PFDLabel`, in kHz.
+[[nodiscard]] String detectorCaption(Single PFD);
+
+}  // namespace tessarine
