@@ -1,7 +1,7 @@
 // The words of the ADF4193, its power-up sequence and its phase table.
 //
-// Two ways lead to the words: without a setup file detector frequency and modulus follow from the panel; with one
-// they come from the file, together with prescaler, timers and a phase per FRAC.
+// Two ways lead to the words: without a setup file detector frequency and modulus follow from the panel; with
+// one they come from the file, together with prescaler, timers and a phase per FRAC.
 #include "chips/Words.h"
 #include "engine/BitStrings.h"
 #include "engine/EngineView.h"
@@ -40,10 +40,10 @@ Detector detectorOfPanel(const PLL& pll, double R) {
 // One value of register 4: a counter and the timer that it is for.
 String timerWord(std::string_view counter, std::string_view select) {
   return ReverseStr(joined({
-      "0000000001",
-      counter,  // time-out counter
-      select,   // timer select
-      "100",    // control
+      "0000000001",  // DB14-23
+      counter,       // DB5-13: time-out counter
+      select,        // DB3-4: timer select
+      "100",         // DB0-2: control
   }));
 }
 
@@ -71,43 +71,43 @@ void PLL::Calculate_ADF_4193() {
   Astr = wholeField;
   Bstr = fracField;
   Nstr = joined({
-      "000",  // control
-      Bstr,   // FRAC
-      Astr,   // N
-      "0",
+      "000",  // DB0-2: control
+      Bstr,   // DB3-14: FRAC
+      Astr,   // DB15-22: N
+      "0",    // DB23
   });
   R0 = Nstr;
   show(0, "R0: ", R0);
 
   if (fromFile) PreScalar = PreScalarFromFile;
   Rstr = joined({
-      "100",                    // control
-      modField,                 // MOD
-      counterField,             // R counter
-      R1_DoublerEnable,         // reference doubler
-      prescalerBit(PreScalar),  // prescaler
-      "0",
-      R1_REF2,  // reference halved
-      R1_CP,    // charge pump adjustment
+      "100",                    // DB0-2: control
+      modField,                 // DB3-14: MOD
+      counterField,             // DB15-18: R
+      R1_DoublerEnable,         // DB19: reference doubler
+      prescalerBit(PreScalar),  // DB20: prescaler
+      "0",                      // DB21
+      R1_REF2,                  // DB22: reference halved
+      R1_CP,                    // DB23: charge-pump adjustment
   });
   r1 = Rstr;
   show(1, "R1: ", r1);
 
   if (fromFile) R2_PhaseValue = PadBits(PhasePerFrac(toInteger(FRAC, "FRAC")), 12);
   R2 = joined({
-      "0",
-      R2_PhaseValue,  // phase
-      "010",          // control
+      "0",            // DB15
+      R2_PhaseValue,  // DB3-14: phase
+      "010",          // DB0-2: control
   });
   show(2, "R2: ", R2);  // the one label in natural order
   UpsideSTR(R2);
 
   R3 = ReverseStr(joined({
-      "0000000001",
-      R3_CPO,  // charge pump output to ground
-      "0",
-      R3_PFD,  // detector polarity
-      "011",   // control
+      "0000000001",  // DB6-15
+      R3_CPO,        // DB5: charge-pump output to ground
+      "0",           // DB4
+      R3_PFD,        // DB3: detector polarity
+      "011",         // DB0-2: control
   }));
   show(3, "R3: ", R3);
 
@@ -117,19 +117,19 @@ void PLL::Calculate_ADF_4193() {
   show(8, "R4_3: ", R4_3);
 
   R5 = ReverseStr(joined({
-      R5_PDDiffAmp,     // power down: differential amplifier
-      R5_PDChargePump,  // power down: charge pump
-      R5_CP3State,      // charge pump three-state
-      R5_CounterReset,  // counter reset
-      "101",            // control
+      R5_PDDiffAmp,     // DB6-7: power down, differential amplifier
+      R5_PDChargePump,  // DB5: power down, charge pump
+      R5_CP3State,      // DB4: charge pump three-state
+      R5_CounterReset,  // DB3: counter reset
+      "101",            // DB0-2: control
   }));
   show(5, "R5: ", R5);
 
   R6 = ReverseStr(joined({
-      R6_SigmaDelte,  // sigma-delta and lock detect modes
-      "00000",
-      R6_MuxOut,  // mux output
-      "110",      // control
+      R6_SigmaDelte,  // DB12-15: sigma-delta and lock detect modes
+      "00000",        // DB7-11
+      R6_MuxOut,      // DB3-6: mux output
+      "110",          // DB0-2: control
   }));
   show(6, "R6: ", R6);
 }

@@ -36,19 +36,19 @@ void PLL::CalcADF4252() {
   RTotal = R;
   if (module_.view != nullptr) module_.view->showDetectorFrequency(detectorCaption(PFD));
   Nstr = joined({
-      "000",       // control
-      fracField,   // FRAC
-      wholeField,  // INT
-      "0",
+      "000",       // DB0-2: control
+      fracField,   // DB3-14: FRAC
+      wholeField,  // DB15-22: INT
+      "0",         // DB23
   });
   Astr = modField;
   Bstr = counterField;
   Rstr = joined({
-      "100",                    // control
-      Astr,                     // MOD
-      Bstr,                     // R
-      RFRefDoubler,             // reference doubler
-      prescalerBit(PreScalar),  // prescaler
+      "100",                    // DB0-2: control
+      Astr,                     // DB3-14: MOD
+      Bstr,                     // DB15-18: R
+      RFRefDoubler,             // DB19: reference doubler
+      prescalerBit(PreScalar),  // DB20: prescaler
   });
   MStr = MasterReg;
   FStr = RFcontrolREG;
@@ -80,8 +80,8 @@ String inShiftingOrder(std::initializer_list<std::string_view> fields) { return 
 
 }  // namespace
 
-// The panel of these chips has a fault box of its own: what was built before a fault stays new, each word whole,
-// and the load goes on.
+// The panel of these chips has a fault box of its own: what was built before a fault stays new, each word
+// whole, and the load goes on.
 void PLL::CalcADF4153() {
   try {
     calcADF4153Words();
@@ -111,44 +111,44 @@ void PLL::calcADF4153Words() {
   }
 
   Nstr = inShiftingOrder({
-      naturalField("Fast Lock", FastLock_4531, 1),
-      naturalField("INT", INT, 9),
-      naturalField("FRAC", FRAC, 12),
-      "00",  // control
+      naturalField("Fast Lock", FastLock_4531, 1),  // DB23
+      naturalField("INT", INT, 9),                  // DB14-22
+      naturalField("FRAC", FRAC, 12),               // DB2-13
+      "00",                                         // DB0-1: control
   });
 
   Bstr = naturalField("R counter", RCounter_4531, 4);
   Rstr = inShiftingOrder({
-      naturalField("Load Control", LoadControlEnabled_4531, 1),
-      MuxOut_4531,
-      "0",
-      prescalerBit(PreScalar),
-      Bstr,  // R
-      naturalField("MOD", MOD, 12),
-      "01",  // control
+      naturalField("Load Control", LoadControlEnabled_4531, 1),  // DB23
+      MuxOut_4531,                                               // DB20-22: mux output
+      "0",                                                       // DB19
+      prescalerBit(PreScalar),                                   // DB18: prescaler
+      Bstr,                                                      // DB14-17: R
+      naturalField("MOD", MOD, 12),                              // DB2-13
+      "01",                                                      // DB0-1: control
   });
 
   Astr = naturalField("Resync", Resync_4531, 4);
   const bool precise = module_.view != nullptr && module_.view->lockDetectPrecisionChecked();
   MStr = inShiftingOrder({
-      Astr,  // resync
-      naturalField("Reference Doubler", DoublerEnabled_4531, 1),
-      CPCurrentSetting_4531,
-      naturalField("PD Polarity", RFPDPolarityPositive_4531, 1),
-      precise ? "1" : "0",  // lock detect precision
-      naturalField("Power Down", RFPowerDownEnabled_4531, 1),
-      naturalField("CP 3-State", CP3StateON_4531, 1),
-      naturalField("Counter Reset", CounterResetEnabled_4531, 1),
-      "10",  // control
+      Astr,                                                    // DB12-15: resync
+      naturalField("Doubler", DoublerEnabled_4531, 1),         // DB11: reference doubler
+      CPCurrentSetting_4531,                                   // DB7-10: charge-pump current
+      naturalField("Polarity", RFPDPolarityPositive_4531, 1),  // DB6: detector polarity
+      precise ? "1" : "0",                                     // DB5: lock detect precision
+      naturalField("Power Down", RFPowerDownEnabled_4531, 1),  // DB4
+      naturalField("CP 3-State", CP3StateON_4531, 1),          // DB3: charge pump three-state
+      naturalField("Reset", CounterResetEnabled_4531, 1),      // DB2: counter reset
+      "10",                                                    // DB0-1: control
   });
 
   const NoiseSpurBits bits = noiseSpurBits(NoiseSpurMode_4531);
   FStr = inShiftingOrder({
-      "0",
-      bits.X,
-      "000",
-      bits.Y,
-      "11",  // control
+      "0",     // DB10
+      bits.X,  // DB6-9: noise and spur
+      "000",   // DB3-5
+      bits.Y,  // DB2: noise and spur
+      "11",    // DB0-1: control
   });
 }
 
@@ -171,15 +171,17 @@ void PLL::GreatestDivisor(Integer& A, Integer& B, Integer& Result) {
 
 namespace {
 
+Single quotient(double dividend, double divisor) { return toSingle(dividend / divisor); }
+
 bool isWhole(Single value) { return value == roundDown(value); }
 
 }  // namespace
 
 void PLL::MakeLCD_Orvel(Integer& Fruc1, Integer& Mod1) {
   if (Fruc1 == 0) return;
-  const Single quotient = toSingle(double{Mod1} / Fruc1);
-  if (isWhole(quotient)) {
-    Mod1 = toInteger(quotient, "MOD");
+  const Single steps = quotient(Mod1, Fruc1);
+  if (isWhole(steps)) {
+    Mod1 = toInteger(steps, "MOD");
     Fruc1 = 1;
     return;
   }
@@ -187,8 +189,8 @@ void PLL::MakeLCD_Orvel(Integer& Fruc1, Integer& Mod1) {
   while (changed) {
     changed = false;
     for (Integer d = toInteger(Fruc1 / 2.0 + 1, "divisor"); d >= 2; --d) {
-      const Single a = toSingle(double{Fruc1} / d);
-      const Single b = toSingle(double{Mod1} / d);
+      const Single a = quotient(Fruc1, d);
+      const Single b = quotient(Mod1, d);
       if (!isWhole(a) || !isWhole(b) || a <= 0) continue;
       Fruc1 = toInteger(a, "FRAC");
       Mod1 = toInteger(b, "MOD");

@@ -17,8 +17,9 @@ namespace tessarine {
 namespace {
 
 constexpr int kPumpWidth = 5;
+constexpr double kMaxPump = 31;
 constexpr double kMaxRefDiv = 32;
-constexpr double kWholeOffset = 32;       // the word holds the division ratio less this
+constexpr double kWholeOffset = 32;  // the word holds the division ratio less this
 constexpr double kFractionSteps = 1 << 18;
 constexpr double kDecimals = 1000000;
 
@@ -35,10 +36,10 @@ Division divisionOf(double Fvco, double C) {
   return {W - kWholeOffset, F < 0 ? F + kFractionSteps : F};
 }
 
-void requireRefDiv(double RefDiv) {
-  if (RefDiv >= 1 && RefDiv <= kMaxRefDiv) return;
-  throw Fault(joined({"Main reference division = ", messageNumber(RefDiv), " cannot be used (1 to ",
-                      messageNumber(kMaxRefDiv), ")"}));
+void requireRange(std::string_view name, double value, double least, double most) {
+  if (value >= least && value <= most) return;
+  throw Fault(joined({name, " = ", messageNumber(value), " cannot be used (", messageNumber(least), " to ",
+                      messageNumber(most), ")"}));
 }
 
 bool startsWithNumber(std::string_view text) {
@@ -50,14 +51,16 @@ bool startsWithNumber(std::string_view text) {
 }  // namespace
 
 void PLL::CalcSKY72300() {
-  requireRefDiv(Main_RefDiv);
+  requireRange("Main reference division", Main_RefDiv, 1, kMaxRefDiv);
   requireAboveZero("Fosc", Fosc, " MHz");
   const double C = Fosc / Main_RefDiv;
   const Division division = divisionOf(Fvco, C);
 
   const String wholeField = naturalField("N", division.N, 9);
   const String fracField = naturalField("F", division.F, 18);
-  const String refDivField = naturalField("Main reference division less 1", Main_RefDiv - 1, 5);
+  const String upperF = fracField.substr(0, 10);
+  const String lowerF = fracField.substr(10);
+  const String refDivField = naturalField("Main reference division", Main_RefDiv - 1, 5);
   const String auxPump = naturalField("Auxiliary charge pump", Aux_ChrgPump, kPumpWidth);
   const String mainPump = mainPumpField();
   // Nothing can be refused from here on.
@@ -67,9 +70,9 @@ void PLL::CalcSKY72300() {
   };
   R0 = joined({"0000", "000", wholeField});
   show(0, "R0: ", R0);
-  r1 = joined({"0001", "00", std::string_view(fracField).substr(0, 10)});
+  r1 = joined({"0001", "00", upperF});
   show(1, "R1: ", r1);
-  R2 = joined({"0010", "0000", std::string_view(fracField).substr(10)});
+  R2 = joined({"0010", "0000", lowerF});
   show(2, "R2: ", R2);
   R3 = joined({"0011", "000", "000000000"});
   show(3, "R3: ", R3);
@@ -92,9 +95,9 @@ String PLL::mainPumpField() {
   if (SetupFile_ADF4113.empty()) return naturalField("Main charge pump", Main_ChrgPump, kPumpWidth);
   const String setting = bandSetting();
   if (startsWithNumber(setting)) {
-    const String bits = SetupCurrentBits(setting);
-    if (bits.size() == kPumpWidth) return bits;
-    throw Fault(joined({"Charge pump = ", setting, " of the band file does not fit 5 bits (0 to 31)"}));
+    const double value = roundHalfEven(leadingNumber(setting));
+    requireRange("Charge pump of the band file", value, 0, kMaxPump);
+    return SetupCurrentBits(setting);
   }
   const String panel = naturalField("Main charge pump", Main_ChrgPump, kPumpWidth);
   module_.platform.screen.messageBox(joined({"The band file has no charge-pump value for ",

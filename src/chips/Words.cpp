@@ -1,5 +1,7 @@
 #include "chips/Words.h"
 
+#include <cmath>
+
 #include "engine/Numbers.h"
 #include "engine/Rounding.h"
 #include "platform/Fault.h"
@@ -13,8 +15,9 @@ String joined(std::initializer_list<std::string_view> fields) {
 }
 
 void requireAboveZero(std::string_view name, double value, std::string_view unit) {
-  if (value > 0) return;
-  throw Fault(joined({name, " = ", messageNumber(value), unit, " must be above 0"}));
+  if (value > 0 && std::isfinite(value)) return;
+  throw Fault(
+      joined({name, " = ", messageNumber(value), unit, value > 0 ? " is too large" : " must be above 0"}));
 }
 
 std::string_view prescalerBit(Integer PreScalar) { return PreScalar == 8 || PreScalar == 9 ? "1" : "0"; }

@@ -11,7 +11,7 @@ namespace tessarine {
 // The fields of a word, joined in the order given.
 [[nodiscard]] String joined(std::initializer_list<std::string_view> fields);
 
-// A Fault unless `value` is above 0: nothing can be divided by it.
+// A Fault unless `value` is above 0 and finite: nothing can be divided by it otherwise.
 void requireAboveZero(std::string_view name, double value, std::string_view unit = {});
 
 // The prescaler select of the fractional chips: "1" for the moduli 8 and 9, else "0".
