@@ -27,10 +27,10 @@ void PLL::CalcADF4252() {
   const double MOD = roundDown(PFD * 1000.0 / Fcomp + 0.00001);
   const double FRAC = roundHalfUp((Fvco / PFD - INT) * MOD);
 
+  const String counterField = shiftingField("R counter", counter, 4);
   const String wholeField = shiftingField("INT", INT, 8);
   const String fracField = shiftingField("FRAC", FRAC, 12);
   const String modField = shiftingField("MOD", MOD, 12);
-  const String counterField = shiftingField("R counter", counter, 4);
   // Nothing can be refused from here on.
 
   RTotal = R;
@@ -156,8 +156,10 @@ void PLL::MakeLCD(Integer& Fruc1, Integer& Mod1) {
   if (Fruc1 == 0) return;
   Integer divisor = 0;
   GreatestDivisor(Fruc1, Mod1, divisor);
-  Fruc1 = toInteger(Fruc1 / divisor, "FRAC");
-  Mod1 = toInteger(Mod1 / divisor, "MOD");
+  const int fraction = Fruc1 / divisor;
+  const int modulus = Mod1 / divisor;
+  Fruc1 = toInteger(fraction, "FRAC");
+  Mod1 = toInteger(modulus, "MOD");
 }
 
 void PLL::GreatestDivisor(Integer& A, Integer& B, Integer& Result) {

@@ -62,7 +62,13 @@ void PLL::CalcSKY72300() {
   const String lowerF = fracField.substr(10);
   const String refDivField = naturalField("Main reference division", Main_RefDiv - 1, 5);
   const String auxPump = naturalField("Auxiliary charge pump", Aux_ChrgPump, kPumpWidth);
-  const String mainPump = mainPumpField();
+  const bool fromFile = !SetupFile_ADF4113.empty();
+  const String setting = fromFile ? bandSetting() : String();
+  const bool usable = startsWithNumber(setting);
+  if (usable)
+    requireRange("Charge pump of the band file", roundHalfEven(leadingNumber(setting)), 0, kMaxPump);
+  const String mainPump =
+      usable ? SetupCurrentBits(setting) : naturalField("Main charge pump", Main_ChrgPump, kPumpWidth);
   // Nothing can be refused from here on.
 
   const auto show = [this](int index, std::string_view name, const String& word) {
@@ -88,22 +94,14 @@ void PLL::CalcSKY72300() {
   show(8, "R8: ", R8);
   R9 = joined({"1001", ModulationDataReg});
   show(9, "R9: ", R9);
-}
 
-// The panel's value, or that of the band file if one is named and has a number for Fvco.
-String PLL::mainPumpField() {
-  if (SetupFile_ADF4113.empty()) return naturalField("Main charge pump", Main_ChrgPump, kPumpWidth);
-  const String setting = bandSetting();
-  if (startsWithNumber(setting)) {
-    const double value = roundHalfEven(leadingNumber(setting));
-    requireRange("Charge pump of the band file", value, 0, kMaxPump);
-    return SetupCurrentBits(setting);
+  // Told at the end: while the box is open another command may run.
+  if (fromFile && !usable) {
+    module_.platform.screen.messageBox(
+        joined({"\"", SetupFile_ADF4113, "\" gives no charge-pump value for ", messageNumber(Fvco),
+                " MHz (\"", setting, "\"). The panel's main charge pump is used."}),
+        Icon::critical);
   }
-  const String panel = naturalField("Main charge pump", Main_ChrgPump, kPumpWidth);
-  module_.platform.screen.messageBox(joined({"The band file has no charge-pump value for ",
-                                             messageNumber(Fvco), " MHz. The panel's value is used."}),
-                                     Icon::critical);
-  return panel;
 }
 
 // The setting, as the file has it, of the last band that holds Fvco, else of the first; empty without any.

@@ -181,7 +181,6 @@ class PLL {
   void calcADF4153Words();
   void buildTimerWords(bool fromFile);
   void CalcSKY72300();
-  [[nodiscard]] String mainPumpField();
   [[nodiscard]] String bandSetting() const;
   [[nodiscard]] static String SetupCurrentBits(const String& Text);
   static void GreatestDivisor(Integer& A, Integer& B, Integer& Result);

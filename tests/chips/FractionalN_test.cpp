@@ -239,7 +239,8 @@ TEST(FractionalN, AnADF4153FaultIsShownAndKeepsTheWordsBuiltBeforeIt) {
       {[](PLL& p) { p.Fcomp = 0.1, p.Normal_LCD_Mode_4531 = 1; },
        "MOD = 100000 does not fit 16 bits (-32768 to 32767)", 0},
       {[](PLL& p) { p.Fcomp = 2; }, "MOD = 5000 does not fit 12 bits (0 to 4095)", 1},
-      {[](PLL& p) { p.RCounter_4531 = 16; }, "R counter = 16 does not fit 4 bits (0 to 15)", 1},
+      {[](PLL& p) { p.RCounter_4531 = 16, p.Fvco = 100.4; }, "R counter = 16 does not fit 4 bits (0 to 15)",
+       1},
       {[](PLL& p) { p.Resync_4531 = 16; }, "Resync = 16 does not fit 4 bits (0 to 15)", 2},
   };
   for (const FaultCase& each : cases) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include "engine/BitStrings.h"
 #include "platform/Fault.h"
 #include "support/EngineBench.h"
 
@@ -21,7 +22,7 @@ TEST(PE3342, FieldsFoldedIntoOneWord) {
     bench.pll.Astr = each.A;
     bench.pll.Set_PE3342();
     EXPECT_EQ(bench.host.port.latches(), std::vector<std::string>{each.wire});
-    EXPECT_EQ(bench.pll.Rstr, String(std::string(each.R).rbegin(), std::string(each.R).rend()));
+    EXPECT_EQ(bench.pll.Rstr, ReverseStr(each.R));
   }
 }
 
