@@ -1,0 +1,33 @@
+// A file that lives as long as a test.
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <random>
+#include <string>
+#include <string_view>
+
+namespace tessarine {
+
+class TempFile {
+ public:
+  explicit TempFile(std::string_view text)
+      : path_(std::filesystem::temp_directory_path() /
+              ("tessarine-" + std::to_string(std::random_device{}()))) {
+    write(text);
+  }
+  TempFile(const TempFile&) = delete;
+  TempFile& operator=(const TempFile&) = delete;
+  ~TempFile() {
+    std::error_code ignored;
+    std::filesystem::remove(path_, ignored);
+  }
+
+  void write(std::string_view text) const { std::ofstream(path_, std::ios::binary) << text; }
+  [[nodiscard]] std::string path() const { return path_.string(); }
+
+ private:
+  std::filesystem::path path_;
+};
+
+}  // namespace tessarine
