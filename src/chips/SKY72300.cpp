@@ -104,18 +104,6 @@ void PLL::CalcSKY72300() {
   }
 }
 
-// The setting, as the file has it, of the last band that holds Fvco, else of the first; empty without any.
-String PLL::bandSetting() const {
-  const Single V = toSingle(Fvco);
-  const auto rows = static_cast<std::size_t>(Setup_ADF4113_NoOfCurrentSet2);
-  if (rows == 0) return {};
-  std::size_t row = 0;
-  for (std::size_t i = 0; i < rows; ++i) {
-    if (V >= CurrentSet2Low[i] && V <= CurrentSet2High[i]) row = i;
-  }
-  return ReverseStr(CurrentSet2Code[row]);
-}
-
 String PLL::SetupCurrentBits(const String& Text) {
   Integer value = leadingInteger(Text, "Charge pump");
   const String digits = IntToBin(value);

@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "engine/Rounding.h"
+#include "platform/Fault.h"
 
 namespace tessarine {
 namespace {
@@ -70,6 +71,16 @@ Integer leadingInteger(std::string_view text, std::string_view field) {
   return toInteger(leadingNumber(text), field);
 }
 
+Single leadingSingle(std::string_view text, std::string_view field) {
+  const double value = leadingNumber(text);
+  const Single rounded = toSingle(value);
+  if (!std::isfinite(rounded)) {
+    throw Fault(std::string(field) + " = " + messageNumber(value) + " is too large (" +
+                messageNumber(std::numeric_limits<Single>::max()) + " at most)");
+  }
+  return rounded;
+}
+
 std::string plainDecimal(double value, int digits) {
   // Scientific notation gives the digits and their place, and from these the plain text is laid out.
   std::string text = inCharacters(value, std::chars_format::scientific, digits - 1);
@@ -104,7 +115,8 @@ std::string sixDecimals(double value) { return inCharacters(value, std::chars_fo
 
 std::string messageNumber(double value) {
   constexpr double longest = 1e15;
-  return std::abs(value) < longest ? plainDecimal(value, 15) : inCharacters(value);
+  return std::abs(value) < longest ? plainDecimal(value, 15)
+                                   : inCharacters(value, std::chars_format::general, 6);
 }
 
 std::string_view trimmed(std::string_view text) {

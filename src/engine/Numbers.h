@@ -17,6 +17,9 @@ namespace tessarine {
 // bits.
 [[nodiscard]] Integer leadingInteger(std::string_view text, std::string_view field);
 
+// The same as a Single; a Fault names `field` when it is beyond its range.
+[[nodiscard]] Single leadingSingle(std::string_view text, std::string_view field);
+
 // Plain decimal text of at most `digits` significant digits without trailing zeros, below 1 with a leading
 // zero.
 [[nodiscard]] std::string plainDecimal(double value, int digits);

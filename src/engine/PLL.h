@@ -6,7 +6,7 @@
 // shifting order bit 0 stands first. Words go out last character first.
 #pragma once
 
-#include <array>
+#include <string_view>
 #include <vector>
 
 #include "engine/Types.h"
@@ -165,12 +165,15 @@ class PLL {
 
  private:
   friend struct PLLProbe;  // tests and benchmarks look at single steps through it
+  class TurnedWords;
 
   // engine/
   bool CalcRegisters();  // false: no prescaler, all words stand as they were
   void splitTotal();
+  void setControlBits(std::string_view model);
+  void sendSKYWords(TurnedWords& turned);
+  void sendWords(bool onlyChanged);
   void loadADF4193(bool onlyChanged);
-  void sendSKYWords();
 
   // chips/
   void CalcADFWords();
@@ -181,7 +184,6 @@ class PLL {
   void calcADF4153Words();
   void buildTimerWords(bool fromFile);
   void CalcSKY72300();
-  [[nodiscard]] String bandSetting() const;
   [[nodiscard]] static String SetupCurrentBits(const String& Text);
   static void GreatestDivisor(Integer& A, Integer& B, Integer& Result);
 
@@ -204,7 +206,11 @@ class PLL {
   void standardStrobe();
   void fixedStrobe();
 
-  // setup/: one row per band of VCO frequency (bounds in MHz, inclusive; code reversed against the file).
+  // setup/
+  void readFracSetup(bool withKeys);
+  [[nodiscard]] String bandSetting() const;
+
+  // One row per band of VCO frequency (bounds in MHz, inclusive; code reversed against the file).
   std::vector<Single> CurrentSet2Low;
   std::vector<Single> CurrentSet2High;
   std::vector<String> CurrentSet2Code;

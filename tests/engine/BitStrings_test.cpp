@@ -7,18 +7,10 @@
 
 #include "engine/PLL.h"
 #include "platform/Fault.h"
+#include "support/FaultOf.h"
 
 namespace tessarine {
 namespace {
-
-std::string faultOf(const auto& action) {
-  try {
-    action();
-  } catch (const Fault& fault) {
-    return fault.what();
-  }
-  return "no fault";
-}
 
 TEST(BitStrings, AnIntegerTurnsIntoDigitsAndIsConsumed) {
   const struct {

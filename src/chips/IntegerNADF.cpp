@@ -1,0 +1,85 @@
+// The words of the ADF4110 to ADF4113: 24 bits, DB0 first, two control bits at the low end.
+#include "chips/Words.h"
+#include "engine/BitStrings.h"
+#include "engine/Module1.h"
+#include "engine/Numbers.h"
+#include "engine/PLL.h"
+#include "engine/Rounding.h"
+#include "platform/Platform.h"
+
+namespace tessarine {
+namespace {
+
+std::string_view prescalerCode(Integer PreScalar) {
+  switch (PreScalar) {
+    case 8:
+    case 9:
+      return "00";
+    case 16:
+    case 17:
+      return "10";
+    case 64:
+    case 65:
+      return "11";
+    default:  // 32, 33 and whatever the chip does not have
+      return "01";
+  }
+}
+
+bool isCurrentSetting(std::string_view code) {
+  return code.size() == 3 && code.find_first_not_of("01") == std::string_view::npos;
+}
+
+// FAnalogDevice begins at DB2: the current setting 2, DB18 to DB20, stands before its last bit.
+constexpr std::size_t kBitsBeforeCurrentSet2 = 16;
+
+}  // namespace
+
+void PLL::CalcADFWords() {
+  const String A = shiftingField("A", roundHalfUp(ACount), 6);
+  const String B = shiftingField("B", BCount, 13);
+  const String R = shiftingField("R", roundDown(RTotal), 14);
+  // Nothing can be refused from here on.
+
+  const bool fromFile = module_.CurrentModel == "ADF4113" && !SetupFile_ADF4113.empty();
+  const String setting = fromFile ? bandSetting() : String();
+  const bool usable = isCurrentSetting(setting);
+  if (usable && !FAnalogDevice.empty()) {
+    FAnalogDevice = joined({
+        FAnalogDevice.substr(0, kBitsBeforeCurrentSet2),
+        ReverseStr(setting),
+        FAnalogDevice.substr(FAnalogDevice.size() - 1),
+    });
+  }
+
+  Astr = A;
+  Bstr = B;
+  Rstr = joined({
+      "00",  // control
+      R,
+      "00000000",
+  });
+  Nstr = joined({
+      "10",  // control
+      Astr,
+      Bstr,
+      CPGain,
+      "00",
+  });
+  FStr = joined({
+      FuncInit,  // control: function latch or initialisation latch
+      "1",       // control
+      FAnalogDevice,
+      prescalerCode(PreScalar),
+  });
+
+  // Told at the end: while the box is open another command may run.
+  if (fromFile && !usable) {
+    module_.platform.screen.messageBox(
+        joined({"\"", SetupFile_ADF4113, "\" gives no current setting of three binary digits for ",
+                messageNumber(Fvco), " MHz (\"", setting, "\"). The panel's Current Set2 is used."}),
+        Icon::critical);
+  }
+}
+
+}  // namespace tessarine

@@ -1,0 +1,61 @@
+// From frequencies to counter values, and on to the words of the chip in use.
+#include <cmath>
+
+#include "engine/Models.h"
+#include "engine/Module1.h"
+#include "engine/Numbers.h"
+#include "engine/PLL.h"
+#include "engine/Rounding.h"
+#include "platform/Fault.h"
+#include "platform/Platform.h"
+
+namespace tessarine {
+namespace {
+
+// Lifts a quotient that misses a whole number by the noise of the division.
+constexpr double kQuotientGuard = 0.000000001;
+
+}  // namespace
+
+bool PLL::CalcRegisters() {
+  if (PreScalar == 0) {
+    module_.platform.screen.messageBox("Pls. set Prescalar", Icon::plain);
+    return false;
+  }
+  const std::string_view model = module_.CurrentModel;
+  if (isOneOf(model, kADF4252Models)) {
+    CalcADF4252();
+  } else if (isOneOf(model, kADF4153Models)) {
+    CalcADF4153();
+  } else if (model == kADF4193) {
+    Calculate_ADF_4193();
+  } else if (model == kSKY72300) {
+    CalcSKY72300();
+  } else {
+    splitTotal();
+    if (isOneOf(model, kADFModels)) {
+      CalcADFWords();
+    } else if (isOneOf(model, kLMXModels)) {
+      CalcLMXWords();
+    } else if (isOneOf(model, kLMX2315Models)) {
+      CalcLMX2315Words();
+    }
+  }
+  return true;
+}
+
+// N = P * B + A; A keeps its fraction, and may lie a hair below 0 where the guard has lifted B.
+void PLL::splitTotal() {
+  const double total = Fvco * 1000 / Fcomp;  // MHz against kHz
+  const double reference = Fosc * 1000 / Fcomp;
+  if (!std::isfinite(total) || !std::isfinite(reference)) {
+    throw Fault("Step Resolution = " + messageNumber(Fcomp) + " kHz cannot divide " + messageNumber(Fvco) +
+                " MHz and " + messageNumber(Fosc) + " MHz");
+  }
+  NTotal = total;
+  RTotal = reference;
+  BCount = roundDown(NTotal / PreScalar + kQuotientGuard);
+  ACount = NTotal - PreScalar * BCount;
+}
+
+}  // namespace tessarine
