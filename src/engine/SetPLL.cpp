@@ -1,5 +1,6 @@
 // The load: settles two control bits, calculates, and sends the words in the order that the chip needs.
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "engine/Models.h"
@@ -15,24 +16,27 @@ constexpr Integer kFirstSlowModulus = 30;  // the LMX2306 gets its gain bit for 
 
 }  // namespace
 
-// Words that were turned into shifting order. They are turned back unless a calculation has replaced them.
+// Words that were turned into shifting order. They are turned back unless a calculation has replaced them, be it one
+// of a load that ran inside the waits of this one.
 class PLL::TurnedWords {
  public:
   TurnedWords() = default;
   TurnedWords(const TurnedWords&) = delete;
   TurnedWords& operator=(const TurnedWords&) = delete;
   ~TurnedWords() {
-    for (String* word : words_) UpsideSTR(*word);
+    for (const auto& [word, turned] : words_) {
+      if (*word == turned) UpsideSTR(*word);
+    }
   }
 
   void turn(String& word) {
-    words_.push_back(&word);
     UpsideSTR(word);
+    words_.emplace_back(&word, word);
   }
   void replaced() { words_.clear(); }
 
  private:
-  std::vector<String*> words_;
+  std::vector<std::pair<String*, String>> words_;
 };
 
 void PLL::SetPLL(bool CheckCurrentRegValue) {
