@@ -86,6 +86,9 @@ TEST(FractionalN, RatioAndCaption) {
       {"step above the detector frequency", "ADF4252", 10, 1, 0, 20000, 1003, 100, 0, 0, "10000"},
       {"doubler", "ADF4153", 10, 1, 1, 200, 1000.2, 50, 1, 100, "20000"},
       {"doubler", "ADF4252", 10, 1, 1, 200, 1000.2, 50, 1, 100, "20000"},
+      {"the Single lies above 19.2", "ADF4153", 19.2, 1, 0, 100, 1747.2, 90, 192, 192, "19200"},
+      {"the Single lies above 19.2", "ADF4252", 19.2, 1, 0, 100, 1747.2, 90, 192, 192, "19200"},
+      {"seven digits of the caption", "ADF4252", 10, 3, 0, 200, 100, 30, 0, 16, "3333.333"},
       {"no output frequency", "ADF4252", 10, 4, 0, 7, 0, 0, 0, 357, "2500"},
   };
   for (const Case& each : cases) {
