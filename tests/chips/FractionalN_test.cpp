@@ -5,8 +5,8 @@
 #include <tuple>
 
 #include "chips/WordReader.h"
-#include "platform/Fault.h"
 #include "support/EngineBench.h"
+#include "support/FaultOf.h"
 #include "support/PLLProbe.h"
 
 namespace tessarine {
@@ -221,12 +221,7 @@ TEST(FractionalN, AnADF4252FaultChangesNothing) {
     each.set(bench.pll);
     bench.pll.MasterReg = "changed";
     bench.view.detectorFrequency = "as it was";
-    try {
-      PLLProbe::calcRegisters(bench.pll);
-      ADD_FAILURE() << "no fault: " << each.text;
-    } catch (const Fault& fault) {
-      EXPECT_STREQ(fault.what(), each.text);
-    }
+    EXPECT_EQ(faultOf([&] { PLLProbe::calcRegisters(bench.pll); }), each.text);
     EXPECT_EQ(bench.words(), before) << each.text;
     EXPECT_EQ(bench.view.detectorFrequency, "as it was") << each.text;
   }
