@@ -22,6 +22,7 @@ struct Cable {
 };
 
 // The USB interface's own cable on its port "B": clock B3, data B2, load enable B1.
+inline constexpr std::string_view kUsbWirePort = "B";
 inline constexpr Cable kUsbCable{.port = 0, .clock = 8, .data = 4, .loadEnable = 2};
 
 // The mask of a pin such as "B3" within `port`; 0 for a pin of another port.
@@ -36,8 +37,8 @@ inline constexpr Cable kUsbCable{.port = 0, .clock = 8, .data = 4, .loadEnable =
 template <class Drive>
 void shiftWordWave(std::string_view clockPin, std::string_view dataPin, std::string_view loadPin,
                    std::string_view word, Drive&& drive) {
-  const std::uint8_t clock = pinMask(clockPin, "B");
-  const std::uint8_t data = pinMask(dataPin, "B");
+  const std::uint8_t clock = pinMask(clockPin, kUsbWirePort);
+  const std::uint8_t data = pinMask(dataPin, kUsbWirePort);
   drive(std::uint8_t{0});
   for (std::size_t left = word.size(); left > 0; --left) {
     const std::uint8_t level = word[left - 1] == '1' ? data : std::uint8_t{0};
@@ -46,7 +47,7 @@ void shiftWordWave(std::string_view clockPin, std::string_view dataPin, std::str
     drive(level);
   }
   drive(std::uint8_t{0});
-  drive(pinMask(loadPin, "B"));
+  drive(pinMask(loadPin, kUsbWirePort));
   drive(std::uint8_t{0});
 }
 

@@ -17,6 +17,7 @@ std::string Tuning::reason() const {
 }
 
 void Tuning::divideReference(std::uint32_t r, double factor) {
+  if (factor != 1) dividers.push_back({"reference factor", factor});
   dividers.push_back({"R", static_cast<double>(r)});
   if (r == 0) {
     faults.emplace_back("R is 0");

@@ -9,5 +9,10 @@ extern const ChipMap kAdf411xMap;  // ADF4106, ADF4110 to ADF4113
 extern const ChipMap kLmx23x6Map;  // LMX2306, LMX2316, LMX2326, ADF4118
 extern const ChipMap kLmx2315Map;  // LMX2315, LMX2320
 extern const ChipMap kLmx2325Map;  // LMX2325
+extern const ChipMap kAdf425xMap;  // ADF4251, ADF4252
+extern const ChipMap kAdf4153Map;  // ADF4153, ADF4156
+extern const ChipMap kAdf4193Map;
+extern const ChipMap kSky72300Map;
+extern const ChipMap kUmcMap;
 
 }  // namespace tessarine::board

@@ -23,7 +23,7 @@ std::string registerLine(const Register& spec, std::uint32_t word) {
   return line + '\n';
 }
 
-std::string historyLine(const Ring<FrequencyPoint>& history) {
+std::string historyLine(const FrequencyHistory& history) {
   double low = 0;
   double high = 0;
   for (std::size_t index = 0; index < history.size(); ++index) {

@@ -11,6 +11,8 @@
 #include <vector>
 
 #include "board/Chip.h"
+#include "board/FrequencyHistory.h"
+#include "board/LoadedWord.h"
 #include "board/Ring.h"
 #include "board/WireReceiver.h"
 #include "board/WireTrace.h"
@@ -21,25 +23,6 @@ namespace tessarine::board {
 struct Bench {
   std::function<std::int64_t()> microseconds;
   std::function<double()> referenceMHz;  // the crystal; 0: none. Looked at with each latch.
-};
-
-// One load pulse. Times are those of the trace.
-struct LoadedWord {
-  std::string bits;                          // since the pulse before, first on the wire first; possibly none
-  std::vector<std::int64_t> bitTimes;        // rising clock edges of the last of these bits, at most 32
-  std::int64_t latchTime = 0;                // rising load-enable edge
-  std::optional<std::size_t> registerIndex;  // the register of the map that took the word
-  std::uint32_t word = 0;                    // what it holds since then
-};
-
-struct FrequencyPoint {
-  std::int64_t time = 0;
-  double outputMHz = 0;  // 0: none
-  bool locked = false;
-
-  [[nodiscard]] bool sameTuning(const FrequencyPoint& other) const {
-    return outputMHz == other.outputMHz && locked == other.locked;
-  }
 };
 
 class EvaluationBoard {
@@ -74,7 +57,7 @@ class EvaluationBoard {
   [[nodiscard]] bool changedByLastLoad(std::size_t registerIndex, const Field& field) const;
 
   [[nodiscard]] const WireTrace& trace() const { return trace_; }
-  [[nodiscard]] const Ring<FrequencyPoint>& history() const { return history_; }
+  [[nodiscard]] const FrequencyHistory& history() const { return history_; }
   void clearHistory() { history_.clear(); }
   // The time of the trace as it is now, in microseconds since the first write.
   [[nodiscard]] std::int64_t now() const;
@@ -110,10 +93,10 @@ class EvaluationBoard {
   std::optional<Chip> chip_;
   std::optional<Chip> chipBeforeLoad_;
   Tuning tuning_;
-  Ring<FrequencyPoint> history_{kHistoryPoints};
+  FrequencyHistory history_{kHistoryPoints};
 
   std::vector<LoadedWord> load_;
-  Ring<std::int64_t> bitTimes_{32};
+  Ring<std::int64_t> bitTimes_{LoadedWord::kTimedBits};
   bool paused_ = false;
 
   bool collecting_ = false;

@@ -18,8 +18,7 @@ constexpr BoardFaultName kFaults[] = {
 };
 
 constexpr std::uint8_t kOpenBus = 0xFF;
-constexpr std::string_view kWirePort = "B";    // the USB interface's port with the three wires
-constexpr std::string_view kStatusPort = "A";  // its port with the board's answer
+constexpr std::string_view kStatusPort = "A";  // the USB interface's port with the board's answer
 constexpr std::string_view kLockPin = "A3";
 
 }  // namespace
@@ -66,11 +65,11 @@ void VirtualBoard::UsbOpen(int /*device*/) {}
 void VirtualBoard::UsbClose() {}
 
 void VirtualBoard::UsbWritePort(std::string_view port, std::uint8_t pins) {
-  if (port == kWirePort) writeUsb(pins);
+  if (port == kUsbWirePort) writeUsb(pins);
 }
 
 std::uint8_t VirtualBoard::UsbReadPort(std::string_view port) {
-  if (port == kWirePort) return usbPins_;
+  if (port == kUsbWirePort) return usbPins_;
   return port == kStatusPort && board_.tuning().lockPin ? pinMask(kLockPin, kStatusPort) : std::uint8_t{0};
 }
 

@@ -107,6 +107,10 @@ TEST(EvaluationBoard, RecordsTheFrequencyOnlyWhenItChanges) {
   EXPECT_NEAR(history[1].outputMHz, 900.2, 1e-9);
   EXPECT_EQ(history[2].outputMHz, 0);
   EXPECT_FALSE(history[2].locked);
+  std::ostringstream csv;
+  saveCsv(history, csv);
+  EXPECT_EQ(csv.str(),
+            "time_s,output_MHz,locked\n0.030000,900.000000,1\n0.130000,900.200000,1\n0.130000,0.000000,0\n");
 }
 
 TEST(EvaluationBoard, TheLastLoadIsWhatCameSinceTheLastPause) {
@@ -132,6 +136,24 @@ TEST(EvaluationBoard, TheLastLoadIsWhatCameSinceTheLastPause) {
   EXPECT_TRUE(board.changedByLastLoad(1, fields[0]));
   EXPECT_FALSE(board.changedByLastLoad(1, fields[1]));
   EXPECT_FALSE(board.changedByLastLoad(0, board.chip()->map().registers[0].fields[0]));
+}
+
+TEST(EvaluationBoard, FieldsAreFoundOnTheWire) {
+  BoardBench bench("LMX2326");
+  bench.load("000000000000011001000");
+  bench.microseconds += 200'000;
+  const std::int64_t start = bench.microseconds - 1'000'000;
+  bench.load("00000100011001010001");  // one bit short
+  const LoadedWord& word = bench.board().lastLoad().back();
+  const auto spans = fieldSpans(word, bench.board().chip()->map().registers[1]);
+  ASSERT_EQ(spans.size(), 2U);  // no bit came for the CP gain
+  EXPECT_EQ(spans[0].field->name, "B");
+  EXPECT_EQ(spans[0].value, 140U);
+  EXPECT_EQ(spans[0].firstBit, start + 2);
+  EXPECT_EQ(spans[0].lastBit, start + 2 + 3 * 12);
+  EXPECT_EQ(spans[1].field->name, "A");
+  EXPECT_EQ(spans[1].firstBit, start + 2 + 3 * 13);
+  EXPECT_EQ(spans[1].lastBit, start + 2 + 3 * 17);
 }
 
 TEST(EvaluationBoard, ARegisterThatComesAgainBeginsANewLoad) {

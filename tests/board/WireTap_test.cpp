@@ -1,0 +1,80 @@
+#include "board/WireTap.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "board/BoardBench.h"
+
+namespace tessarine::board {
+namespace {
+
+// A virtual board plays the real ways out; `seen` is what the tap shows.
+struct Tapped {
+  BoardBench real{"LMX2325"};
+  EvaluationBoard seen{{[this] { return real.microseconds; }, [] { return 10.0; }}};
+  WireTap tap{real.port, real.port, real.port, [this] { return real.cable; }};
+
+  Tapped() {
+    seen.plug("LMX2325");
+    seen.collectLatches();
+    real.board().collectLatches();
+  }
+};
+
+void shiftPort(PortDriver& driver, const char* bits) {
+  for (; *bits != '\0'; ++bits) {
+    const std::uint8_t level = *bits == '1' ? 2 : 0;
+    for (const int lines : {level + 0, level + 1, level + 0})
+      driver.DlPortWritePortUchar(0x378, static_cast<std::uint8_t>(lines));
+  }
+  driver.DlPortWritePortUchar(0x378, 4);
+  driver.DlPortWritePortUchar(0x378, 0);
+}
+
+TEST(WireTap, ShowsTheSameWordsThatTheBoardGets) {
+  Tapped tapped;
+  tapped.tap.listen(&tapped.seen);
+  shiftPort(tapped.tap, "0001000000001100101");
+  tapped.tap.OutputByte1(0x37A, 4);  // another port
+  tapped.tap.UsbShiftWord("B3", "B2", "B1", "B0", 0, "0001010000110001000");
+  tapped.tap.UsbWritePort("A", 2);  // no wire
+  tapped.tap.UsbWritePort("B", 2);
+  const auto latches = tapped.seen.takeLatches();
+  EXPECT_EQ(latches, (std::vector<std::string>{"0001000000001100101", "0001000110000101000", ""}));
+  EXPECT_EQ(tapped.real.board().takeLatches(), latches);
+  EXPECT_DOUBLE_EQ(*tapped.seen.tuning().outputMHz, 900);
+  EXPECT_EQ(tapped.tap.DlPortReadPortUchar(0x378), 0);
+  EXPECT_EQ(tapped.tap.InputByte1(0x37A), 4);
+  EXPECT_EQ(tapped.tap.UsbReadPort("B"), 2);
+  EXPECT_EQ(tapped.tap.UsbReadPin("A3"), 1);
+}
+
+TEST(WireTap, ShowsNothingWhileNobodyListens) {
+  Tapped tapped;
+  shiftPort(tapped.tap, "1");
+  tapped.tap.listen(&tapped.seen);
+  tapped.tap.listen(nullptr);
+  tapped.tap.UsbShiftWord("B3", "B2", "B1", "B0", 0, "1");
+  EXPECT_EQ(tapped.seen.trace().size(), 0U);
+  EXPECT_EQ(tapped.real.board().takeLatches().size(), 2U);
+}
+
+class BrokenPort final : public PortDriver {
+ public:
+  void DlPortWritePortUchar(std::uint16_t, std::uint8_t) override { throw std::runtime_error("no port"); }
+  std::uint8_t DlPortReadPortUchar(std::uint16_t) override { throw std::runtime_error("no port"); }
+};
+
+TEST(WireTap, AWriteThatFailsDidNotGoOut) {
+  Tapped tapped;
+  BrokenPort broken;
+  WireTap tap(broken, tapped.real.port, tapped.real.port, [] { return Cable{}; });
+  tap.listen(&tapped.seen);
+  EXPECT_THROW(tap.DlPortWritePortUchar(0x378, 1), std::runtime_error);
+  EXPECT_THROW((void)tap.DlPortReadPortUchar(0x378), std::runtime_error);
+  EXPECT_EQ(tapped.seen.trace().size(), 0U);
+}
+
+}  // namespace
+}  // namespace tessarine::board
