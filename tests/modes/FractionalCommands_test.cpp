@@ -217,7 +217,7 @@ TEST(SKYCommands, TheChipGetsTheWordsOfTheLoadBefore) {
   bench.click("CalculateCommand");
   EXPECT_EQ(bench.host.port.latches(), Texts(10)) << "ten pulses without data";
   const Texts words = {"0000000001011011", "0001000111010011", "0010000010101001", "0011000000000000",
-                       "0100000000000000", "0101000000000000", "0110011111011111", "0111000000010000",
+                       "0100000000000000", "0101000000000000", "0110011111010100", "0111000000010000",
                        "1000000000000000", "1001000000000000"};
   Texts shown;
   for (int i = 0; i < 10; ++i) shown.push_back(bench.value("Label21(" + std::to_string(i) + ")").substr(4));
