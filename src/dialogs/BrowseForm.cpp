@@ -65,7 +65,7 @@ void BrowseForm::Dir1_Change() {
   std::error_code unreadable;
   std::filesystem::current_path(Dir1.Path.get(), unreadable);
   Label4.Caption = Dir1.Path.get();
-  if (File1.Path == Dir1.Path) {
+  if (File1.Path == Dir1.Path.get()) {
     File1.refresh();
   } else {
     File1.Path = Dir1.Path.get();

@@ -208,6 +208,8 @@ class PLL {
 
   // setup/
   void readFracSetup(bool withKeys);
+  void takeFracSetup(std::string_view text, bool withKeys);
+  void takeBandSetup(std::string_view text);
   [[nodiscard]] String bandSetting() const;
 
   // One row per band of VCO frequency (bounds in MHz, inclusive; code reversed against the file).

@@ -63,9 +63,14 @@ BandTable parseBandTable(std::string_view text, std::string_view file) {
 void PLL::UpdateSetup_ADF4113() {
   if (SetupFile_ADF4113.empty()) {
     SetupText_ADF4113.clear();
-    return;
+  } else {
+    takeBandSetup(readTextFile(SetupFile_ADF4113));
   }
-  BandTable table = parseBandTable(readTextFile(SetupFile_ADF4113), SetupFile_ADF4113);
+}
+
+// All of it or, with a Fault, nothing.
+void PLL::takeBandSetup(std::string_view text) {
+  BandTable table = parseBandTable(text, SetupFile_ADF4113);
   Setup_ADF4113_NoOfCurrentSet2 = static_cast<Integer>(table.low.size());
   CurrentSet2Low = std::move(table.low);
   CurrentSet2High = std::move(table.high);

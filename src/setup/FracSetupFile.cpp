@@ -66,9 +66,14 @@ FracSetup parseFracSetup(std::string_view text, std::string_view file, bool with
 void PLL::readFracSetup(bool withKeys) {
   if (SetupFileName.empty()) {
     SetupText.clear();
-    return;
+  } else {
+    takeFracSetup(readTextFile(SetupFileName), withKeys);
   }
-  FracSetup setup = parseFracSetup(readTextFile(SetupFileName), SetupFileName, withKeys);
+}
+
+// All of it or, with a Fault, nothing.
+void PLL::takeFracSetup(std::string_view text, bool withKeys) {
+  FracSetup setup = parseFracSetup(text, SetupFileName, withKeys);
   PFDFromFile = setup.PFD.value_or(PFDFromFile);
   ModFromFile = setup.MOD.value_or(ModFromFile);
   ICPFromFile = setup.ICP.value_or(ICPFromFile);

@@ -16,6 +16,8 @@ struct PLLProbe {
   static void loadR1(PLL& pll) { pll.LoadR1(); }
   static void loadR4(PLL& pll, Integer index) { pll.LoadR4(index); }
   static void loadR8(PLL& pll) { pll.LoadR8(); }
+  static void takeFracSetup(PLL& pll, std::string_view text) { pll.takeFracSetup(text, true); }
+  static void takeBandSetup(PLL& pll, std::string_view text) { pll.takeBandSetup(text); }
 
   static double nTotal(const PLL& pll) { return pll.NTotal; }
   static double rTotal(const PLL& pll) { return pll.RTotal; }
