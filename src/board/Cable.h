@@ -29,7 +29,8 @@ inline constexpr Cable kUsbCable{.port = 0, .clock = 8, .data = 4, .loadEnable =
 [[nodiscard]] constexpr std::uint8_t pinMask(std::string_view pin, std::string_view port) {
   if (pin.size() != port.size() + 1 || !pin.starts_with(port)) return 0;
   const char bit = pin.back();
-  return bit >= '0' && bit <= '7' ? static_cast<std::uint8_t>(1U << static_cast<unsigned>(bit - '0')) : 0;
+  if (bit < '0' || bit > '7') return 0;
+  return static_cast<std::uint8_t>(1U << static_cast<unsigned>(bit - '0'));
 }
 
 // The levels of port "B" one after the other while the USB interface shifts `word`: each bit is put on the
