@@ -61,6 +61,8 @@ class EvaluationBoard {
   void clearHistory() { history_.clear(); }
   // The time of the trace as it is now, in microseconds since the first write.
   [[nodiscard]] std::int64_t now() const;
+  // The clock at the first write, where the times of trace and history begin.
+  [[nodiscard]] std::int64_t firstWrite() const { return origin_; }
   // The time of the last write.
   [[nodiscard]] std::int64_t lastWrite() const { return lastTick_ < 0 ? 0 : lastTick_; }
   // Rises whenever something that can be read here has changed.

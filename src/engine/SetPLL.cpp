@@ -16,8 +16,8 @@ constexpr Integer kFirstSlowModulus = 30;  // the LMX2306 gets its gain bit for 
 
 }  // namespace
 
-// Words that were turned into shifting order. They are turned back unless a calculation has replaced them, be it one
-// of a load that ran inside the waits of this one.
+// Words that were turned into shifting order. They are turned back unless a calculation has replaced them, be
+// it one of a load that ran inside the waits of this one.
 class PLL::TurnedWords {
  public:
   TurnedWords() = default;

@@ -72,7 +72,8 @@ void Operator::run(const Event& action) {
 
 Operator::Refusal Operator::click(Control& control) {
   if (auto why = refusal(control)) return why;
-  if (!takesClicks(control.kind())) return forms_.nameOf(control) + " is not for clicking";
+  const bool separates = control.kind() == Kind::Menu && static_cast<const Menu&>(control).isSeparator();
+  if (separates || !takesClicks(control.kind())) return forms_.nameOf(control) + " is not for clicking";
   run([&] {
     forms_.activate(control.form());
     if (control.kind() == Kind::CheckBox) {

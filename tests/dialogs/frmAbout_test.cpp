@@ -40,8 +40,9 @@ TEST(AboutBox, StartsTheToolOrSaysThatThereIsNone) {
     bench.click("frmAbout.cmdSysInfo");
     EXPECT_EQ(bench.host.host.programs, row.started);
     EXPECT_EQ(bench.host.screen.messages,
-              row.started.empty() || row.startFails ? (std::vector<Message>{{kUnavailable, Icon::plain, "Tessarine"}})
-                                  : std::vector<Message>{});
+              row.started.empty() || row.startFails
+                  ? (std::vector<Message>{{kUnavailable, Icon::plain, "Tessarine"}})
+                  : std::vector<Message>{});
     EXPECT_TRUE(bench.window.aboutForm.Visible);
     EXPECT_TRUE(bench.host.host.openKeys.empty()) << "every key is closed";
   }

@@ -1,0 +1,93 @@
+// The operator as a text: one command a line, carried out on the program's controls through the same door
+// that the desktop uses.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <istream>
+#include <ostream>
+#include <set>
+#include <string>
+#include <string_view>
+
+#include "forms/Form.h"
+#include "forms/Operator.h"
+#include "script/BoardProbe.h"
+#include "script/ScriptScreen.h"
+#include "script/ScriptText.h"
+
+namespace tessarine::script {
+
+class Interpreter {
+ public:
+  enum Status { kDone = 0, kExpectFailed = 1, kRefused = 2 };
+
+  // What a script works on and where it prints. `board` is null where there is no virtual board.
+  struct Bench {
+    forms::FormList& forms;
+    forms::Operator& door;
+    ScriptScreen& screen;
+    BoardProbe* board;
+    std::ostream& out;
+    std::ostream& errors;
+  };
+
+  // `fileName` stands in front of messages.
+  Interpreter(const Bench& bench, std::istream& script, std::string fileName);
+  ~Interpreter();
+  Interpreter(const Interpreter&) = delete;
+  Interpreter& operator=(const Interpreter&) = delete;
+
+  // Carries the script out to its end, to the program's end or to a line that cannot be carried out.
+  Status run();
+
+ private:
+  // A line that is read and looked up, ready to be carried out. Throws Refused.
+  using Action = std::function<void()>;
+  struct Verb;
+  static const Verb kVerbs[];
+
+  [[nodiscard]] Action prepare(std::string_view line, int number);
+  [[nodiscard]] Action prepareClick(std::string_view rest, int number);
+  [[nodiscard]] Action prepareDoubleClick(std::string_view rest, int number);
+  [[nodiscard]] Action prepareClose(std::string_view rest, int number);
+  [[nodiscard]] Action preparePick(std::string_view rest, int number);
+  [[nodiscard]] Action prepareSet(std::string_view rest, int number);
+  [[nodiscard]] Action prepareShow(std::string_view rest, int number);
+  [[nodiscard]] Action prepareVisible(std::string_view rest, int number);
+  [[nodiscard]] Action prepareEnabled(std::string_view rest, int number);
+  [[nodiscard]] Action prepareChecked(std::string_view rest, int number);
+  [[nodiscard]] Action prepareItems(std::string_view rest, int number);
+  [[nodiscard]] Action prepareControls(std::string_view rest, int number);
+  [[nodiscard]] Action prepareExpect(std::string_view rest, int number);
+  [[nodiscard]] Action prepareLatches(std::string_view rest, int number);
+  [[nodiscard]] Action prepareBoard(std::string_view rest, int number);
+  [[nodiscard]] Action prepareTime(std::string_view rest, int number);
+  [[nodiscard]] Action prepareWait(std::string_view rest, int number);
+  [[nodiscard]] Action prepareAt(std::string_view rest, int number);
+  // Prints one line for each control that `rest` names.
+  [[nodiscard]] Action prepareRows(std::string_view rest, std::string (*value)(const forms::Control&));
+
+  void perform(const Action& action, int number);
+  void performLine(const Line& line);
+  void operateModal(forms::Form& form);
+  // Ends the run: the line cannot be carried out.
+  [[noreturn]] void refuse(int number, const std::string& why);
+  void report(int number, const std::string& what);
+  void print(const std::string& line);
+
+  [[nodiscard]] forms::Control& control(std::string_view name) const;
+  [[nodiscard]] forms::Form* form(std::string_view name) const;
+  [[nodiscard]] forms::Control& only(std::string_view rest) const;  // the one control that `rest` names
+  [[nodiscard]] forms::Control& model(std::string_view caption) const;
+  void printControls();
+  [[nodiscard]] BoardProbe& board() const;
+
+  Bench bench_;
+  LineReader lines_;
+  std::string fileName_;
+  std::set<int> waiting_;  // the lines of "at" that are still to come
+  Status status_ = kDone;
+};
+
+}  // namespace tessarine::script

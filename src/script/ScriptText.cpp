@@ -1,0 +1,94 @@
+#include "script/ScriptText.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+
+namespace tessarine::script {
+namespace {
+
+constexpr std::string_view kBlanks = " \t";
+
+}  // namespace
+
+std::string escaped(std::string_view value) {
+  std::string text;
+  text.reserve(value.size());
+  for (const char character : value) {
+    switch (character) {
+      case '\\':
+        text += "\\\\";
+        break;
+      case '\t':
+        text += "\\t";
+        break;
+      case '\r':
+        text += "\\r";
+        break;
+      case '\n':
+        text += "\\n";
+        break;
+      default:
+        text += character;
+    }
+  }
+  return text;
+}
+
+std::string_view takeWord(std::string_view& text) {
+  text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+  const auto end = std::min(text.find_first_of(kBlanks), text.size());
+  const std::string_view word = text.substr(0, end);
+  text.remove_prefix(std::min(end + 1, text.size()));
+  return word;
+}
+
+std::vector<std::string_view> words(std::string_view text) {
+  std::vector<std::string_view> found;
+  for (auto word = takeWord(text); !word.empty(); word = takeWord(text)) found.push_back(word);
+  return found;
+}
+
+std::string_view trimmedBlanks(std::string_view text) {
+  text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+  return text.substr(0, text.find_last_not_of(kBlanks) + 1);
+}
+
+std::string_view unquoted(std::string_view text) {
+  const bool quoted = text.size() >= 2 && text.starts_with('"') && text.ends_with('"');
+  return quoted ? text.substr(1, text.size() - 2) : text;
+}
+
+std::optional<std::int64_t> microseconds(std::string_view milliseconds) {
+  constexpr double kYearMs = 366.0 * 24 * 3600 * 1000;
+  double value = 0;
+  const char* const end = milliseconds.data() + milliseconds.size();
+  const auto read = std::from_chars(milliseconds.data(), end, value, std::chars_format::fixed);
+  // The comparison turns "nan" away too, which from_chars takes.
+  if (read.ec != std::errc() || read.ptr != end || !(value >= 0 && value <= kYearMs)) return {};
+  return std::llround(value * 1000);
+}
+
+std::string millisecondText(std::int64_t microseconds) {
+  constexpr std::int64_t kMillisecond = 1000;
+  std::string text = std::to_string(microseconds / kMillisecond);
+  if (const std::int64_t rest = microseconds % kMillisecond; rest != 0) {
+    text += '.' + std::to_string(kMillisecond + rest).substr(1);
+    text.erase(text.find_last_not_of('0') + 1);
+  }
+  return text;
+}
+
+std::optional<Line> LineReader::next() {
+  std::string text;
+  while (std::getline(in_, text)) {
+    if (++number_ == 1 && text.starts_with("\xEF\xBB\xBF")) text.erase(0, 3);
+    if (text.ends_with('\r')) text.pop_back();
+    const auto first = text.find_first_not_of(kBlanks);
+    if (first == std::string::npos || text[first] == '#') continue;
+    return Line{number_, text.substr(first)};
+  }
+  return {};
+}
+
+}  // namespace tessarine::script

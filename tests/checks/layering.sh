@@ -1,0 +1,53 @@
+#!/bin/bash
+# layering.sh SRC: each folder includes only what stands below or beside it, and the core includes no header
+# but its own and the standard library's.
+set -u
+cd "$1" || exit 1
+
+model="engine chips setup transport"  # one class, declared in engine/, defined across the four
+ground="forms platform"
+windows="window modes dialogs"
+
+declare -A sees=(
+  [platform]="platform"
+  [forms]="$ground"
+  [engine]="$model $ground" [chips]="$model $ground" [setup]="$model $ground" [transport]="$model $ground"
+  [window]="$windows $model $ground" [modes]="$windows $model $ground" [dialogs]="$windows $model $ground"
+  [board]="board platform"  # the receiving end shares no code with the sending one
+  [script]="script window dialogs $ground"
+  [desktop]="desktop board window dialogs $ground"
+  [platform/linux]="platform/linux platform"
+  [apps]="apps desktop script board platform/linux $windows $model $ground"
+)
+
+failures=0
+complain() {
+  echo "$1"
+  failures=1
+}
+
+# The folder that a path lies in: its first part, but for platform/linux.
+folder() {
+  case $1 in
+    platform/linux/*) echo platform/linux ;;
+    */*) echo "${1%%/*}" ;;
+  esac
+}
+
+while IFS=: read -r file line include; do
+  file=${file#./}
+  from=$(folder "$file")
+  if [[ -z ${sees[$from]:-} ]]; then
+    complain "$file: the folder has no place in the layers"
+  elif [[ $include == *'"'* ]]; then
+    header=${include#*\"}
+    to=$(folder "${header%%\"*}")
+    [[ " ${sees[$from]} " == *" ${to:-nowhere} "* ]] || complain "$file:$line: $from must not see ${header%%\"*}"
+  elif [[ $from != desktop && $from != platform/linux && $from != apps ]]; then
+    header=${include#*<}
+    [[ ${header%%>*} =~ ^[a-z_]+$ ]] || complain "$file:$line: <${header%%>*} is no header of the standard library"
+  elif [[ $from != desktop && $include == *'<Q'* && $file != apps/tessarine.cpp && $file != apps/tessarine-virtual.cpp ]]; then
+    complain "$file:$line: the toolkit has no place in $from"
+  fi
+done < <(grep -rnE '^[[:space:]]*#[[:space:]]*include' --include='*.h' --include='*.cpp' .)
+exit $failures

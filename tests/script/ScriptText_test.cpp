@@ -1,0 +1,55 @@
+#include "script/ScriptText.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace tessarine::script {
+namespace {
+
+using testing::ElementsAre;
+
+TEST(ScriptText, ValuesPrintOnOneLine) {
+  EXPECT_EQ(escaped("Current Hop: \r\n 3\r\n\tC:\\x"), "Current Hop: \\r\\n 3\\r\\n\\tC:\\\\x");
+}
+
+TEST(ScriptText, AWordTakesTheOneBlankBehindIt) {
+  std::string_view rest = "  set  VCOText  900 ";
+  EXPECT_EQ(takeWord(rest), "set");
+  EXPECT_EQ(takeWord(rest), "VCOText");
+  EXPECT_EQ(rest, " 900 ");
+  EXPECT_THAT(words("a\tb  c "), ElementsAre("a", "b", "c"));
+}
+
+TEST(ScriptText, OnlyAWholePairOfQuotesComesOff) {
+  EXPECT_EQ(unquoted("\" a \""), " a ");
+  EXPECT_EQ(unquoted("\"\"a\"\""), "\"a\"");
+  EXPECT_EQ(unquoted("\""), "\"");
+  EXPECT_EQ(unquoted("\"a"), "\"a");
+}
+
+TEST(ScriptText, TimesAreMillisecondsWithAFraction) {
+  EXPECT_EQ(microseconds("0"), 0);
+  EXPECT_EQ(microseconds("2.5"), 2500);
+  EXPECT_EQ(microseconds("100000.001"), 100000001);
+  for (const char* const text : {"", "-1", "1e3", "nan", "inf", "5ms", "0x10", "1,5", "99999999999"}) {
+    EXPECT_FALSE(microseconds(text)) << text;
+  }
+  EXPECT_EQ(millisecondText(100000001), "100000.001");
+  EXPECT_EQ(millisecondText(2500), "2.5");
+  EXPECT_EQ(millisecondText(1040), "1.04");
+  EXPECT_EQ(millisecondText(3000000), "3000");
+}
+
+TEST(ScriptText, LinesKeepTheirNumbersWhateverTheirEnds) {
+  std::istringstream file("\xEF\xBB\xBF# head\r\n\r\n  click A \r\n\t\n   # note\nset B  x\t\nlast");
+  LineReader lines(file);
+  std::vector<std::pair<int, std::string>> read;
+  while (const auto line = lines.next()) read.emplace_back(line->number, line->text);
+  using Numbered = std::pair<int, std::string>;
+  EXPECT_THAT(read, ElementsAre(Numbered{3, "click A "}, Numbered{6, "set B  x\t"}, Numbered{7, "last"}));
+}
+
+}  // namespace
+}  // namespace tessarine::script

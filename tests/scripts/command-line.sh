@@ -1,0 +1,72 @@
+#!/bin/bash
+# command-line.sh PROGRAM: arguments, standard input, the trace file, and what cannot be read or written.
+set -u
+program=$1
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+cd "$work" || exit 1
+failures=0
+
+# check WHAT STATUS OUT ERR COMMAND...: OUT and ERR are patterns of the shell.
+check() {
+  local what=$1 status=$2 out=$3 err=$4
+  shift 4
+  "$@" >out 2>err
+  local got=$?
+  local output errors
+  output=$(<out) errors=$(<err)
+  # shellcheck disable=SC2053 # patterns on purpose
+  if [[ $got != "$status" || $output != $out || $errors != $err ]]; then
+    failures=$((failures + 1))
+    printf 'FAILED: %s\nstatus %s, not %s\nout: %s\nerr: %s\n' "$what" "$got" "$status" "$output" "$errors"
+  fi
+}
+
+printf 'click ContinueCommand\r\npick ADF4113\r\nset RefText 10\r\nset CompText 200\r\nset PrescalarText 8/9\r\nset VCOText 900\r\nclick AllCommand\r\nshow Nregister' >tune.script
+printf 'wait 5\n\nclick Nothing\n' >wrong.script
+word=$'Nregister\t000000100011001000010001'
+
+check 'no script at all' 0 '' '' "$program" </dev/null
+check 'standard input' 0 "$word" '' "$program" <tune.script
+check 'a dash is standard input' 0 "$word" '' "$program" - <tune.script
+check 'the virtual board by name' 0 "$word" '' "$program" --board virtual tune.script
+check 'a line in a file' 2 '' 'wrong.script:3: there is no control "Nothing"' "$program" wrong.script
+check 'a line of standard input' 2 '' 'stdin:3: there is no control "Nothing"' "$program" <wrong.script
+check 'help' 0 'usage: *' '' "$program" --help
+for arguments in '--board' '--board paper' '--trace' '--frobnicate' 'a.script b.script' \
+  '--board hardware --trace x.vcd'; do
+  # shellcheck disable=SC2086 # words on purpose
+  check "usage: $arguments" 2 '' 'usage: *' "$program" $arguments
+done
+check 'a file that is not there' 2 '' '*none.script cannot be read' "$program" none.script
+check 'a directory' 2 '' '*. cannot be read' "$program" .
+check 'a full disk' 2 '' '*standard output cannot be written' bash -c '"$1" tune.script >/dev/full' - "$program"
+
+check 'a trace' 0 "$word" '' "$program" --trace wires.vcd tune.script
+for line in '$timescale 1 us $end' '$var wire 1 ! CLOCK $end' '$var wire 1 " DATA $end' '$var wire 1 # LE $end'; do
+  check "the trace says $line" 0 "$line" '' grep -xF "$line" wires.vcd
+done
+check 'three load pulses' 0 3 '' grep -cx '1#' wires.vcd
+check 'three words of 24 clock pulses' 0 72 '' grep -cx '1!' wires.vcd
+check 'a trace nowhere' 2 '*' '*none/wires.vcd cannot be written' "$program" --trace none/wires.vcd tune.script
+check 'a trace on a full disk' 2 "$word" '*cannot be written in full' "$program" --trace /dev/full tune.script
+
+# A decimal comma in the surroundings changes no number.
+printf 'wait 2.5\ntime\n' >time.script
+check 'a locale with a decimal comma' 0 $'time\t2.5' '' env LC_ALL=de_DE.UTF-8 "$program" time.script
+
+# Lines come out one by one, while the script is still being typed.
+mkfifo typed
+"$program" <typed >spoken &
+exec 3>typed
+echo 'click ContinueCommand' >&3
+echo 'visible GeneralFrame' >&3
+for _ in $(seq 100); do
+  [[ -s spoken ]] && break
+  sleep 0.05
+done
+check 'a line while the script is typed' 0 $'GeneralFrame\t1' '' cat spoken
+exec 3>&-
+wait
+
+[[ $failures == 0 ]]
