@@ -29,7 +29,9 @@ class Following {
 }  // namespace
 
 BrowseForm::BrowseForm(forms::FormList& forms, Module1& module)
-    : Form(forms, "BrowseForm", "Browse"), module_(module) {}
+    : Form(forms, "BrowseForm", "Browse"), module_(module) {
+  Place.start(forms::at(0, 0, 8160, 5370));
+}
 
 void BrowseForm::Form_Load() {
   const Following following(settingDrive_);

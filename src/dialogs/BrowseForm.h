@@ -23,17 +23,17 @@ class BrowseForm : public forms::Form {
   void Command2_Click();
 
   // clang-format off
-  forms::One<forms::Label>   Label1 {*this, "Label1", "Select File:", {}, forms::heading};
-  forms::One<forms::Label>   Label2 {*this, "Label2", "Search File:", {}};
-  forms::One<forms::TextBox> Text1  {*this, "Text1", "*.*", {}, forms::change(this, &BrowseForm::Text1_Change)};
-  forms::One<forms::Label>   Label3 {*this, "Label3", "File Name:", {}};
-  forms::One<forms::TextBox> Text2  {*this, "Text2", "", {}, forms::keyUp(this, &BrowseForm::Text2_KeyUp)};
-  forms::One<forms::DriveListBox> Drive1{*this, "Drive1", "", {}, forms::change(this, &BrowseForm::Drive1_Change)};
-  forms::One<forms::DirListBox> Dir1{*this, "Dir1", "", {}, forms::change(this, &BrowseForm::Dir1_Change)};
-  forms::One<forms::FileListBox> File1{*this, "File1", "", {}, forms::click(this, &BrowseForm::File1_Click), forms::doubleClick(this, &BrowseForm::File1_DblClick)};
-  forms::One<forms::Label>   Label4 {*this, "Label4", "Path", {}};
-  forms::One<forms::CommandButton> Command1{*this, "Command1", "O.K", {}, forms::isDefault, forms::click(this, &BrowseForm::Command1_Click)};
-  forms::One<forms::CommandButton> Command2{*this, "Command2", "Cancel", {}, forms::isCancel, forms::click(this, &BrowseForm::Command2_Click)};
+  forms::One<forms::Label>   Label1 {*this, "Label1", "Select File:", forms::at(240, 180, 2400, 280), forms::heading};
+  forms::One<forms::Label>   Label2 {*this, "Label2", "Search File:", forms::at(240, 4380, 1200, 300)};
+  forms::One<forms::TextBox> Text1  {*this, "Text1", "*.*", forms::at(1500, 4380, 3600, 300), forms::change(this, &BrowseForm::Text1_Change)};
+  forms::One<forms::Label>   Label3 {*this, "Label3", "File Name:", forms::at(240, 4800, 1200, 300)};
+  forms::One<forms::TextBox> Text2  {*this, "Text2", "", forms::at(1500, 4800, 3600, 300), forms::keyUp(this, &BrowseForm::Text2_KeyUp)};
+  forms::One<forms::DriveListBox> Drive1{*this, "Drive1", "", forms::at(240, 540, 3000, 320), forms::change(this, &BrowseForm::Drive1_Change)};
+  forms::One<forms::DirListBox> Dir1{*this, "Dir1", "", forms::at(240, 960, 3000, 2880), forms::change(this, &BrowseForm::Dir1_Change)};
+  forms::One<forms::FileListBox> File1{*this, "File1", "", forms::at(3420, 540, 4500, 3300), forms::click(this, &BrowseForm::File1_Click), forms::doubleClick(this, &BrowseForm::File1_DblClick)};
+  forms::One<forms::Label>   Label4 {*this, "Label4", "Path", forms::at(240, 3960, 7680, 280)};
+  forms::One<forms::CommandButton> Command1{*this, "Command1", "O.K", forms::at(5460, 4770, 1170, 360), forms::isDefault, forms::click(this, &BrowseForm::Command1_Click)};
+  forms::One<forms::CommandButton> Command2{*this, "Command2", "Cancel", forms::at(6750, 4770, 1170, 360), forms::isCancel, forms::click(this, &BrowseForm::Command2_Click)};
   // clang-format on
 
  private:

@@ -38,7 +38,9 @@ std::string doubleWordText(const std::string& bytes) {
 }  // namespace
 
 frmAbout::frmAbout(forms::FormList& forms, Module1& module)
-    : Form(forms, "frmAbout", "About"), module_(module) {}
+    : Form(forms, "frmAbout", "About"), module_(module) {
+  Place.start(forms::at(0, 0, 6580, 3000));
+}
 
 void frmAbout::Form_Load() {
   Caption = std::string("About ") + kApplicationTitle;

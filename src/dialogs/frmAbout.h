@@ -22,17 +22,17 @@ class frmAbout : public forms::Form {
                    std::string& KeyVal);
 
   // clang-format off
-  forms::One<forms::PictureBox> picIcon{*this, "picIcon", "", {}};
-  forms::One<forms::Label> lblTitle       {*this, "lblTitle", "", {}, forms::heading};
-  forms::One<forms::Label> lblVersion     {*this, "lblVersion", "Rev. B1", {}};
-  forms::One<forms::Label> lblDescription {*this, "lblDescription", "Synthesizer Control for PLL evaluation boards: register words from frequencies, on the wire and proved. F12 opens the board's own window.", {}};
+  forms::One<forms::PictureBox> picIcon{*this, "picIcon", "", forms::at(240, 240, 960, 960)};
+  forms::One<forms::Label> lblTitle       {*this, "lblTitle", "", forms::at(1440, 240, 4900, 300), forms::heading};
+  forms::One<forms::Label> lblVersion     {*this, "lblVersion", "Rev. B1", forms::at(1440, 560, 4900, 280)};
+  forms::One<forms::Label> lblDescription {*this, "lblDescription", "Synthesizer Control for PLL evaluation boards: register words from frequencies, on the wire and proved. F12 opens the board's own window.", forms::at(1440, 960, 4900, 560)};
   forms::Array<forms::Line> Line1{"Line1", {
-      {0, *this, "", {}},
-      {1, *this, "", {}},
+      {0, *this, "", forms::at(240, 1740, 6100, 20)},
+      {1, *this, "", forms::at(240, 1760, 6100, 20)},
     }};
-  forms::One<forms::Label> lblDisclaimer  {*this, "lblDisclaimer", "Made for the bench. Check the settings against the chip's data sheet before you power a board.", {}};
-  forms::One<forms::CommandButton> cmdOK{*this, "cmdOK", "OK", {}, forms::isDefault, forms::isCancel, forms::click(this, &frmAbout::cmdOK_Click)};
-  forms::One<forms::CommandButton> cmdSysInfo{*this, "cmdSysInfo", "&System Info...", {}, forms::click(this, &frmAbout::cmdSysInfo_Click)};
+  forms::One<forms::Label> lblDisclaimer  {*this, "lblDisclaimer", "Made for the bench. Check the settings against the chip's data sheet before you power a board.", forms::at(240, 1920, 4200, 780)};
+  forms::One<forms::CommandButton> cmdOK{*this, "cmdOK", "OK", forms::at(4740, 1920, 1600, 360), forms::isDefault, forms::isCancel, forms::click(this, &frmAbout::cmdOK_Click)};
+  forms::One<forms::CommandButton> cmdSysInfo{*this, "cmdSysInfo", "&System Info...", forms::at(4740, 2400, 1600, 360), forms::click(this, &frmAbout::cmdSysInfo_Click)};
   // clang-format on
 
  private:

@@ -31,6 +31,7 @@ inline constexpr auto clickable = [](Label& c) { c.look = Look::clickable; };
 inline constexpr auto word = [](Label& c) { c.look = Look::word; };
 inline constexpr auto lamp = [](Label& c) { c.look = Look::lamp; };
 inline constexpr auto heading = [](Label& c) { c.look = Look::heading; };
+inline constexpr auto caption = [](Label& c) { c.look = Look::caption; };
 [[nodiscard]] inline auto tip(const char* text) {
   return [text](Control& c) { c.ToolTip.start(text); };
 }
@@ -111,11 +112,15 @@ class Array {
     }
   }
   // A row of bits from the left: the captions of `bits`, the indices from `first` in steps of `step`, each
-  // `pitch` twips right of the one before.
+  // `pitch` twips right of the one before. A blank leaves half a pitch between groups.
   template <class... Options>
   Array(const char* name, Container& in, std::string_view bits, int first, int step, Twips place, int pitch,
         const Options&... options) {
     for (const char character : bits) {
+      if (character == ' ') {
+        place.Left += pitch / 2;
+        continue;
+      }
       add(name, in, first, std::string(1, character), place, options...);
       first += step;
       place.Left += pitch;

@@ -20,6 +20,7 @@ enum class Look {
   word,       // a register word, in a fixed-width face
   lamp,       // a status with a background colour
   heading,    // the title of a group
+  caption,    // centred over or under the bits that it names
 };
 
 class Label : public Control {

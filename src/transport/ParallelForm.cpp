@@ -50,7 +50,9 @@ Integer maskOfPin(double pin) { return toInteger(std::pow(2.0, pin - kFirstPin),
 }  // namespace
 
 ParallelForm::ParallelForm(forms::FormList& forms, Module1& module)
-    : Form(forms, "ParallelForm", "Form1"), module_(module) {}
+    : Form(forms, "ParallelForm", "Form1"), module_(module) {
+  Place.start(forms::at(0, 0, 6120, 3000));
+}
 
 void ParallelForm::OKButton_Click() {
   std::array<double, 3> pins{};

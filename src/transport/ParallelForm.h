@@ -19,28 +19,28 @@ class ParallelForm : public forms::Form {
   void Form_QueryUnload() override { CancelButton_Click(); }
 
   // clang-format off
-  forms::One<forms::Label>   Label1       {*this, "Label1", "Parallel port Address:", {}};
-  forms::One<forms::TextBox> ParallelText {*this, "ParallelText", "378", {}};
-  forms::One<forms::Label>   Label2       {*this, "Label2", "Hex", {}};
-  forms::One<forms::Label>   Label3       {*this, "Label3", "  LPT1  Wiring       ", {}, forms::heading};
-  forms::One<forms::Label>   Label4       {*this, "Label4", "Function", {}};
-  forms::One<forms::Label>   Label5       {*this, "Label5", "Pin Number", {}};
+  forms::One<forms::Label>   Label1       {*this, "Label1", "Parallel port Address:", forms::at(240, 240, 1860, 300)};
+  forms::One<forms::TextBox> ParallelText {*this, "ParallelText", "378", forms::at(2160, 240, 900, 300)};
+  forms::One<forms::Label>   Label2       {*this, "Label2", "Hex", forms::at(3140, 240, 500, 300)};
+  forms::One<forms::Label>   Label3       {*this, "Label3", "  LPT1  Wiring       ", forms::at(240, 780, 3000, 280), forms::heading};
+  forms::One<forms::Label>   Label4       {*this, "Label4", "Function", forms::at(240, 1140, 1200, 280)};
+  forms::One<forms::Label>   Label5       {*this, "Label5", "Pin Number", forms::at(240, 1480, 1200, 300)};
   forms::Array<forms::Label> Label6{"Label6", {
-      {0, *this, "Clock", {}},
-      {1, *this, "Data", {}},
-      {2, *this, "Load Ena", {}},
-      {3, *this, "Gnd", {}},
+      {0, *this, "Clock", forms::at(1560, 1140, 960, 280)},
+      {1, *this, "Data", forms::at(2640, 1140, 960, 280)},
+      {2, *this, "Load Ena", forms::at(3720, 1140, 960, 280)},
+      {3, *this, "Gnd", forms::at(4800, 1140, 960, 280)},
     }};
   forms::Array<forms::TextBox> LPTwText{"LPTwText", {
-      {0, *this, "2", {}},
-      {1, *this, "3", {}},
-      {2, *this, "4", {}},
-      {3, *this, "18-25", {}},
+      {0, *this, "2", forms::at(1560, 1480, 960, 300)},
+      {1, *this, "3", forms::at(2640, 1480, 960, 300)},
+      {2, *this, "4", forms::at(3720, 1480, 960, 300)},
+      {3, *this, "18-25", forms::at(4800, 1480, 960, 300)},
     }};
-  forms::One<forms::Label>   Label7       {*this, "Label7", "*   Pin Number 2-9", {}};
-  forms::One<forms::CommandButton> Command1{*this, "Command1", "Default Value", {}, forms::click(this, &ParallelForm::Command1_Click)};
-  forms::One<forms::CommandButton> OKButton{*this, "OKButton", "OK", {}, forms::isDefault, forms::click(this, &ParallelForm::OKButton_Click)};
-  forms::One<forms::CommandButton> CancelButton{*this, "CancelButton", "Cancel", {}, forms::isCancel, forms::click(this, &ParallelForm::CancelButton_Click)};
+  forms::One<forms::Label>   Label7       {*this, "Label7", "*   Pin Number 2-9", forms::at(1560, 1860, 3000, 280)};
+  forms::One<forms::CommandButton> Command1{*this, "Command1", "Default Value", forms::at(240, 2400, 1560, 360), forms::click(this, &ParallelForm::Command1_Click)};
+  forms::One<forms::CommandButton> OKButton{*this, "OKButton", "OK", forms::at(3480, 2400, 1140, 360), forms::isDefault, forms::click(this, &ParallelForm::OKButton_Click)};
+  forms::One<forms::CommandButton> CancelButton{*this, "CancelButton", "Cancel", forms::at(4740, 2400, 1140, 360), forms::isCancel, forms::click(this, &ParallelForm::CancelButton_Click)};
   // clang-format on
 
  private:

@@ -22,6 +22,9 @@ PllForm1::PllForm1(FormList& forms, Module1& module)
       aboutForm(forms, module),
       module_(module) {
   module.view = this;
+  Place.start(at(0, 0, 11520, 6840));
+  // Opened without being brought to the front, it must cover the general frame all the same.
+  bringToFront(Frame24);
 }
 
 void PllForm1::Form_Load() {

@@ -1,0 +1,21 @@
+// The program on this host's own ways out: its parallel port, or a USB module.
+#include <QApplication>
+
+#include "desktop/Desktop.h"
+#include "platform/linux/LeaveOnSignal.h"
+#include "platform/linux/LinuxPlatform.h"
+#include "window/Program.h"
+
+int main(int argc, char** argv) {
+  using namespace tessarine;
+  QApplication application(argc, argv);
+  desktop::dress(application);
+  desktop::Desktop desktop;
+  LinuxPlatform host([] { QApplication::beep(); });
+  // For what ends the program past the window: a crash, or a second signal while the first is not heeded.
+  const LeaveOnSignal leaving(host);
+  Platform platform = host.with(desktop);
+  Program program(platform);
+  desktop.run(program.forms, program.door, [&] { program.start(); });
+  return 0;
+}
