@@ -1,5 +1,7 @@
 #include "platform/linux/LinuxPorts.h"
 
+#include <cerrno>
+
 #include "platform/Fault.h"
 #include "platform/linux/Advice.h"
 #include "platform/linux/Parport.h"
@@ -23,8 +25,10 @@ std::unique_ptr<OpenPort> openByDriver(Kernel& kernel, std::uint16_t base) {
   if (known) {
     if (auto port = PpdevPort::open(kernel, *known)) return port;
   }
-  if (auto port = RawPort::openIfPermitted(kernel, base)) return port;
-  throw Fault(kernel.isRoot() ? advice::rawForbidden(base) : whyNoParport(kernel, base));
+  int error = 0;
+  if (auto port = RawPort::openIfLetIn(kernel, base, error)) return port;
+  const bool forbidden = kernel.isRoot() && error == -EPERM;
+  throw Fault(forbidden ? advice::rawForbidden(base) : whyNoParport(kernel, base));
 }
 
 }  // namespace

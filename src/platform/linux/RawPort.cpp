@@ -50,12 +50,14 @@ bool mayBeParallelPort(const std::string& owner) {
 }  // namespace
 
 std::unique_ptr<RawPort> RawPort::open(Kernel& kernel, std::uint16_t base) {
-  if (auto port = openIfPermitted(kernel, base)) return port;
+  int error = 0;
+  if (auto port = openIfLetIn(kernel, base, error)) return port;
+  if (error != -EPERM && error != -EACCES) throw Fault(advice::portFailed(base, errorName(error)));
   // What root may not do, the kernel itself forbids.
   throw Fault(kernel.isRoot() ? advice::rawForbidden(base) : advice::rawNotPermitted(base));
 }
 
-std::unique_ptr<RawPort> RawPort::openIfPermitted(Kernel& kernel, std::uint16_t base) {
+std::unique_ptr<RawPort> RawPort::openIfLetIn(Kernel& kernel, std::uint16_t base, int& error) {
   if (base < kFirstCardAddress) throw Fault(advice::notAParallelPort(base, "the computer's own board"));
   const std::string owner = ownerOf(kernel, base);
   if (!mayBeParallelPort(owner)) throw Fault(advice::notAParallelPort(base, owner));
@@ -64,7 +66,8 @@ std::unique_ptr<RawPort> RawPort::openIfPermitted(Kernel& kernel, std::uint16_t 
     if (!holder.empty()) throw Fault(advice::portBusy(base, known->node(), holder));
   }
   std::unique_ptr<RawPort> opened(new RawPort(kernel, base));  // NOLINT(cppcoreguidelines-owning-memory)
-  if (!opened->letIn()) return nullptr;
+  error = opened->letIn();
+  if (error < 0) return nullptr;
   opened->controlAsFound_ = opened->read(PortRegister::control);
   opened->write(PortRegister::data, 0);
   return opened;
@@ -74,13 +77,9 @@ RawPort::~RawPort() {
   if (descriptor_ >= 0) kernel_.close(descriptor_);
 }
 
-bool RawPort::letIn() {
+int RawPort::letIn() {
   descriptor_ = kernel_.open("/dev/port", O_RDWR);
-  if (descriptor_ >= 0) return true;
-  const int result = kernel_.ioperm(base_, kRegisters);
-  if (result < 0 && result != -EPERM && result != -EACCES)
-    throw Fault(advice::portFailed(base_, errorName(result)));
-  return result >= 0;
+  return descriptor_ >= 0 ? 0 : kernel_.ioperm(base_, kRegisters);
 }
 
 std::uint16_t RawPort::address(PortRegister place) const {

@@ -13,8 +13,8 @@ class RawPort : public OpenPort {
   // A Fault when the address belongs to something else, the port is busy, or raw access is not permitted or
   // is forbidden.
   [[nodiscard]] static std::unique_ptr<RawPort> open(Kernel& kernel, std::uint16_t base);
-  // The same, but nothing where only the permission is lacking.
-  [[nodiscard]] static std::unique_ptr<RawPort> openIfPermitted(Kernel& kernel, std::uint16_t base);
+  // The same, but nothing where the kernel does not let the program at the addresses; `error` is its reason.
+  [[nodiscard]] static std::unique_ptr<RawPort> openIfLetIn(Kernel& kernel, std::uint16_t base, int& error);
 
   ~RawPort() override;
   RawPort(const RawPort&) = delete;
@@ -27,7 +27,7 @@ class RawPort : public OpenPort {
  private:
   RawPort(Kernel& kernel, std::uint16_t base) : kernel_(kernel), base_(base) {}
 
-  [[nodiscard]] bool letIn();
+  [[nodiscard]] int letIn();
   [[nodiscard]] std::uint16_t address(PortRegister place) const;
 
   Kernel& kernel_;

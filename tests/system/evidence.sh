@@ -1,0 +1,111 @@
+# Checks of what the emulated computer said ($work/BENCH.told) and of the bytes that reached its port
+# ($work/BENCH.bytes). Sourced. Each check takes the bench and the stage first.
+
+failures=0
+checks=0
+
+verdict() { # RESULT TEXT
+  checks=$((checks + 1))
+  if [ "$1" = 0 ]; then
+    echo "ok    $2"
+  else
+    echo "WRONG $2"
+    failures=$((failures + 1))
+  fi
+}
+
+conclude() {
+  grep -H '^UP' "$work"/*.told | sed 's/.*\///'
+  echo "$checks checks, $failures wrong (what the computers said: $work/*.told)"
+  [ "$failures" = 0 ]
+}
+
+told() { awk -v stage="$2" '$1 == "STAGE" { on = $2 == stage; next } on' "$work/$1.told"; }
+
+# The bytes of one stage, "REGISTER VALUE SECONDS" each.
+bytes() {
+  sed -n 's/.*@\([0-9.]*\):parallel_ioport_write.* addr 0x0*\([0-7]\) val 0x\([0-9a-f]*\)$/\2 \3 \1/p' "$work/$1.bytes" |
+    awk -v stage="$2" '$1 == 7 { on = sprintf("%02x", stage) == $2; next } on'
+}
+
+# The words that a chip on clock 1, data 2 and load enable 4 latches from them, one a line.
+wire() {
+  bytes "$1" "$2" | awk '
+    function digit(c) { return index("0123456789abcdef", c) - 1 }
+    $1 == 0 {
+      low = digit(substr($2, length($2)))
+      clock = low % 2; data = int(low / 2) % 2; load = int(low / 4) % 2
+      if (clock && !clockBefore) bits = bits data
+      if (load && !loadBefore) { print bits; bits = "" }
+      clockBefore = clock; loadBefore = load
+    }'
+}
+
+panel() { told "$1" "$2" | awk -F '\t' 'NF == 2 && $2 ~ /^[01]+$/ { print $2 }'; }
+
+wordsAgree() {
+  local shown latched
+  shown=$(panel "$1" "$2")
+  latched=$(wire "$1" "$2")
+  [ -n "$shown" ] && [ "$shown" = "$latched" ]
+  verdict $? "$1, stage $2: the words on the wire are the ones on the panel: $(echo $shown)"
+  [ "$shown" = "$latched" ] || printf 'on the wire:\n%s\ntold:\n%s\n' "$latched" "$(told "$1" "$2")"
+}
+
+says() { # TEXT
+  told "$1" "$2" | grep -qF -- "$3"
+  verdict $? "$1, stage $2: says \"$3\""
+}
+
+endedWith() { # STATUS
+  told "$1" "$2" | grep -qx "EXIT $3"
+  verdict $? "$1, stage $2: ends with $3"
+}
+
+# The working screen opens in spite of the message.
+goesOn() {
+  told "$1" "$2" | grep -qx "GeneralFrame	1" && told "$1" "$2" | grep -qx "EXIT 0"
+  verdict $? "$1, stage $2: the program goes on"
+}
+
+leftAtRest() { # CONTROL-REGISTER-AS-FOUND
+  local last
+  last=$(bytes "$1" "$2" | awk '{ last[$1] = $2 } END { print last[0], last[2] }')
+  [ "$last" = "00 $3" ]
+  verdict $? "$1, stage $2: leaves the lines low and the control register as found (00 $3): $last"
+}
+
+# One ioctl for each byte that the port got, and within the load nothing else but reads and waits.
+callsArePortBytes() {
+  local written asked others
+  written=$(bytes "$1" "$2" | awk '$1 == 0' | wc -l)
+  asked=$(told "$1" "$2" | awk '$1 == "CALLS" && $3 == "PPWDATA" { sum += $4 } END { print sum }')
+  others=$(told "$1" "$2" |
+    awk '$1 == "CALLS" && $2 == "LOAD" && $3 !~ /^(PPWDATA|PPRDATA|PPWCONTROL)$/ { printf "%s %s ", $3, $4 }')
+  [ "$written" -gt 200 ] && [ "$written" = "$asked" ]
+  verdict $? "$1, stage $2: $asked ioctls for $written port bytes"
+  [[ $others =~ ^clock_nanosleep\ [0-9]+\ $ ]]
+  verdict $? "$1, stage $2: beside reads and writes of the port the load has only its waits: $others"
+}
+
+# Each step of a load at its fastest among many loads, added up: what else runs on this machine must not count. Nor
+# does by how much a bare sleep of the emulated computer is late, for each of the six waits.
+loadTakesItsWaits() { # MILLISECONDS
+  local late took
+  late=$(told "$1" "$2" | awk '$1 == "LATE" { print $2 }')
+  took=$(bytes "$1" "$2" | awk '
+    function digit(c) { return index("0123456789abcdef", c) - 1 }
+    $1 == 0 {
+      if (step && (!(step in best) || $3 - before < best[step])) best[step] = $3 - before
+      if (step) step++
+      before = $3
+      load = int(digit(substr($2, length($2))) / 4) % 2
+      if (!load && loadBefore && ++pulses == 3) { pulses = step = 0; loads++; ended = 1; loadBefore = 0; next }
+      if (!step && ended) step = 1
+      loadBefore = load
+    }
+    END { for (s in best) sum += best[s]; printf "%.2f %d", sum * 1000, loads }')
+  set -- "$1" "$2" "$3" $took
+  awk -v took="$4" -v waits="$3" -v late="$late" 'BEGIN { exit !(took >= waits && took - 6 * late <= 1.05 * waits) }'
+  verdict $? "$1, stage $2: of $5 loads with $3 ms of waits the undisturbed one takes $4 ms (a bare sleep is $late ms late)"
+}

@@ -1,0 +1,30 @@
+# Puts a Debian kernel into the folder $1 and nothing if it is there already: vmlinux, an ELF image that the
+# emulator starts without unpacking it first, and modules/, the tree under /lib/modules. Sourced; returns 1 when
+# the package cannot be had.
+
+fetchKernel() {
+  local cache=$1 package work image setup offset length
+  [ -e "$cache/ready" ] && return 0
+  rm -rf "$cache"
+  work=$cache/unpack
+  mkdir -p "$work" || return 1
+  package=$(apt-cache depends linux-image-amd64 2>/dev/null | awk '/Depends: linux-image-/ { print $2; exit }')
+  [ -n "$package" ] || { echo "no package linux-image-amd64 is listed (apt-get update?)"; return 1; }
+  (cd "$work" && apt-get download -q "$package") || return 1
+  dpkg-deb --fsys-tarfile "$work"/*.deb | tar -x -C "$work" --wildcards './boot/vmlinuz-*' \
+    './lib/modules/*/kernel/drivers/parport/parport.ko*' './lib/modules/*/kernel/drivers/parport/parport_pc.ko*' \
+    './lib/modules/*/kernel/drivers/char/ppdev.ko*' './lib/modules/*/kernel/drivers/char/lp.ko*' || return 1
+  # The boot image holds the packed kernel behind its set-up sectors, where its header says; the last four bytes
+  # are the unpacked size.
+  image=$(echo "$work"/boot/vmlinuz-*)
+  setup=$(od -An -tu1 -j 497 -N 1 "$image")
+  offset=$(od -An -tu4 -j 584 -N 4 "$image")
+  length=$(od -An -tu4 -j 588 -N 4 "$image")
+  tail -c +$(((setup + 1) * 512 + offset + 1)) "$image" | head -c $((length - 4)) > "$work/packed"
+  xz -dc "$work/packed" > "$cache/vmlinux" 2>/dev/null || zstd -dcq "$work/packed" > "$cache/vmlinux" 2>/dev/null ||
+    gzip -dc "$work/packed" > "$cache/vmlinux" || return 1
+  mv "$work/lib/modules" "$cache/modules"
+  find "$cache/modules" -name '*.xz' -exec xz -d {} +
+  rm -rf "$work"
+  touch "$cache/ready"
+}
