@@ -193,6 +193,9 @@ TEST(FractionalChips, ThePowerUpIsOneLoadAlthoughItRepeatsRegisters) {
   bench.microseconds += 100'000;
   loadAll(bench, {kPowerUp4193.begin() + 2, kPowerUp4193.end()});
   EXPECT_EQ(bench.board().lastLoad().size(), kPowerUp4193.size());
+  bench.microseconds += 200'000;
+  bench.load(0x2180D0, 24);
+  EXPECT_EQ(bench.board().lastLoad().size(), 1U);
 }
 
 TEST(FractionalChips, WordsForNoRegisterChangeNothing) {

@@ -166,6 +166,7 @@ TEST(IntegerChips, LoseTheirRegistersOnlyWhenTheChipChanges) {
   EXPECT_EQ(bench.tuning().outputMHz, std::nullopt);
   bench.write(0);
   bench.write(bench.cable.loadEnable);  // the shift register is empty, too: all zeros go to R
+  EXPECT_TRUE(bench.board().chip()->loaded("R"));
   EXPECT_EQ(bench.field("R", "R"), 0U);
   bench.board().plug("no such chip");
   EXPECT_EQ(bench.tuning().reason(), "no chip");
