@@ -10,10 +10,6 @@ namespace tessarine {
 BoardCable::BoardCable(std::function<std::int64_t()> microseconds)
     : board_({std::move(microseconds), [this] { return crystalMHz(); }}, [this] { return wiring(); }) {}
 
-BoardCable::~BoardCable() {
-  if (program_) program_->forms.unobserve(*this);
-}
-
 void BoardCable::connect(Program& program) {
   program_ = &program;
   program.forms.observe(*this);

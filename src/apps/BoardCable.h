@@ -15,14 +15,13 @@ class BoardCable : public forms::Observer {
  public:
   // `microseconds` is the time on the bench; it never goes back.
   explicit BoardCable(std::function<std::int64_t()> microseconds);
-  ~BoardCable() override;
   BoardCable(const BoardCable&) = delete;
   BoardCable& operator=(const BoardCable&) = delete;
 
   // The ways out of the program's Platform.
   [[nodiscard]] board::VirtualBoard& board() { return board_; }
 
-  // From now on the board follows this program, which must outlive the cable.
+  // From now on the board follows this program, which may end first.
   void connect(Program& program);
 
   void changed(forms::Control& control, forms::Aspect aspect) override;
