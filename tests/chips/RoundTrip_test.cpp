@@ -22,7 +22,7 @@ namespace tessarine {
 namespace {
 
 constexpr std::uint32_t kSeed = 41'93'40'02;
-constexpr int kLoads = 1000;  // per model
+constexpr int kLoads = 2000;  // per model
 
 // The same numbers on every machine.
 class Draw {
