@@ -236,7 +236,7 @@ TEST_F(Parallel, RawAccessStandsInWhereNoDriverHasTheAddress) {
   kernel.addPort(kData, "");
   kernel.addPort(0x278, "parport0");
   kernel.nodes["/dev/port"] = 0;
-  kernel.outb(kControl, 0x2C);
+  kernel.outb(kControl, 0xEC);  // the upper two bits are no register
   kernel.files["/proc/ioports"] = "0000-0cf7 : PCI Bus 0000:00\n  0378-037a : parport0\n";
   host.driver.DlPortWritePortUchar(kControl, 0);
   host.driver.DlPortWritePortUchar(kData, 4);

@@ -11,8 +11,8 @@ LinuxPlatform::LinuxPlatform(LinuxClock::Bell bell)
 
 LinuxPlatform::LinuxPlatform(Kernel& kernel, FtdiLibrary& ftdi, LinuxClock::Bell bell)
     : driver(kernel, gate_), library(kernel, gate_), usb(ftdi, kernel, gate_), clock(std::move(bell)) {
-  // Waits of this thread end on time, not up to 50 microseconds late to save the computer a wake-up: a load has
-  // many short ones.
+  // Waits of this thread end on time, not up to 50 microseconds late to save the computer a wake-up: a load
+  // has many short ones.
   ::prctl(PR_SET_TIMERSLACK, 1);
 }
 

@@ -15,6 +15,9 @@ namespace tessarine {
 namespace {
 
 constexpr unsigned kRegisters = 3;
+// Strobe, autofeed, init, select, interrupt enable and direction. The bits above are no register; most ports
+// read them as 1.
+constexpr std::uint8_t kControlBits = 0x3F;
 // Below lie the timers, the interrupt controllers and the keyboard of the computer itself.
 constexpr std::uint16_t kFirstCardAddress = 0x100;
 
@@ -68,7 +71,7 @@ std::unique_ptr<RawPort> RawPort::openIfLetIn(Kernel& kernel, std::uint16_t base
   std::unique_ptr<RawPort> opened(new RawPort(kernel, base));  // NOLINT(cppcoreguidelines-owning-memory)
   error = opened->letIn();
   if (error < 0) return nullptr;
-  opened->controlAsFound_ = opened->read(PortRegister::control);
+  opened->controlAsFound_ = opened->read(PortRegister::control) & kControlBits;
   opened->write(PortRegister::data, 0);
   return opened;
 }
