@@ -8,7 +8,8 @@
 namespace tessarine {
 
 BoardCable::BoardCable(std::function<std::int64_t()> microseconds)
-    : board_({std::move(microseconds), [this] { return crystalMHz(); }}, [this] { return wiring(); }) {}
+    : board_({std::move(microseconds), [this] { return crystalMHz(); }},
+             [this] { return program_ ? wiringOf(*program_) : board::Cable(); }) {}
 
 void BoardCable::connect(Program& program) {
   program_ = &program;
@@ -24,10 +25,9 @@ void BoardCable::changed(forms::Control& /*control*/, forms::Aspect /*aspect*/) 
   board_.board().plug(program_->window.pllM(index).Caption.get());
 }
 
-board::Cable BoardCable::wiring() {
-  if (!program_) return {};
-  const PLL& pll = program_->module.ThePLL();
-  return {.port = static_cast<std::uint16_t>(program_->module.PortAddress),
+board::Cable wiringOf(Program& program) {
+  const PLL& pll = program.module.ThePLL();
+  return {.port = static_cast<std::uint16_t>(program.module.PortAddress),
           .clock = static_cast<std::uint8_t>(pll.CLOCKbit),
           .data = static_cast<std::uint8_t>(pll.DATAbit),
           .loadEnable = static_cast<std::uint8_t>(pll.LEbit)};

@@ -11,6 +11,9 @@
 
 namespace tessarine {
 
+// How the program's wiring dialog says that the board hangs on the parallel port.
+[[nodiscard]] board::Cable wiringOf(Program& program);
+
 class BoardCable : public forms::Observer {
  public:
   // `microseconds` is the time on the bench; it never goes back.
@@ -27,7 +30,6 @@ class BoardCable : public forms::Observer {
   void changed(forms::Control& control, forms::Aspect aspect) override;
 
  private:
-  [[nodiscard]] board::Cable wiring();
   [[nodiscard]] double crystalMHz() const;
 
   Program* program_ = nullptr;

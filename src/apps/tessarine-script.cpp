@@ -12,6 +12,7 @@
 #include "apps/BoardCable.h"
 #include "apps/VirtualHost.h"
 #include "board/NumberText.h"
+#include "board/WireTap.h"
 #include "platform/linux/LeaveOnSignal.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "script/Interpreter.h"
@@ -25,7 +26,7 @@ using script::Interpreter;
 constexpr const char* kUsage =
     "usage: tessarine-script [--board virtual|hardware] [--trace FILE.vcd] [FILE]\n"
     "Runs the script FILE, or standard input, on the virtual board or on the host's port or USB interface.\n"
-    "--trace saves what went over the three wires of the virtual board.\n"
+    "--trace saves what went over the three wires.\n"
     "Exit status: 0, 1 after a failed expect, 2 for a line that cannot be carried out.\n";
 constexpr int kBadUsage = 2;
 
@@ -57,7 +58,6 @@ std::optional<Options> parsed(const std::vector<std::string_view>& arguments) {
       return {};
     }
   }
-  if (options.hardware && !options.trace.empty()) return {};
   if (options.file == "-") options.file.clear();
   return options;
 }
@@ -107,39 +107,51 @@ class BoardOnBench : public script::BoardProbe {
   board::VirtualBoard& bench_;
 };
 
+// The file that --trace names.
+class TraceFile {
+ public:
+  // From now on the file gets what goes over the board's wires. False if it cannot be written.
+  [[nodiscard]] bool start(const std::string& path, board::EvaluationBoard& board) {
+    file_.open(path);
+    board.stream(&writer_.emplace(file_));
+    return file_.good();
+  }
+
+  // Closes the file. False if not all of it could be written.
+  [[nodiscard]] bool finish(const board::EvaluationBoard& board) {
+    if (!writer_) return true;
+    writer_->finish(board.now());
+    file_.close();
+    return file_.good();
+  }
+
+ private:
+  std::ofstream file_;
+  std::optional<board::VcdWriter> writer_;
+};
+
 int runOnVirtualBoard(const Script& script, const std::string& tracePath) {
   script::VirtualTime time;
   script::ScriptScreen screen(time, std::cout);
   BoardCable cable([&time] { return time.now(); });
+  TraceFile trace;
   VirtualHost host;
   Platform platform{cable.board(), cable.board(), cable.board(), host, time, screen};
   Program program(platform);
   cable.connect(program);
   BoardOnBench bench(cable.board());
   if (script.asksForLatches) cable.board().board().collectLatches();
-
-  std::ofstream traceFile;
-  std::optional<board::VcdWriter> trace;
-  if (!tracePath.empty()) {
-    traceFile.open(tracePath);
-    if (!traceFile) return failed(tracePath + " cannot be written");
-    cable.board().board().stream(&trace.emplace(traceFile));
-  }
+  if (!tracePath.empty() && !trace.start(tracePath, cable.board().board()))
+    return failed(tracePath + " cannot be written");
 
   program.start();
   Interpreter interpreter({program.forms, program.door, screen, &bench, std::cout, std::cerr}, *script.text,
                           script.name);
   const int status = interpreter.run();
-
-  if (trace) {
-    trace->finish(cable.board().board().now());
-    traceFile.close();
-    if (!traceFile) return failed(tracePath + " cannot be written in full");
-  }
-  return status;
+  return trace.finish(cable.board().board()) ? status : failed(tracePath + " cannot be written in full");
 }
 
-int runOnHardware(const Script& script) {
+int runOnHardware(const Script& script, const std::string& tracePath) {
   LinuxPlatform host;
   const LeaveOnSignal guard(host);
   script::RealTime time;
@@ -151,12 +163,24 @@ int runOnHardware(const Script& script) {
     std::cerr << "tessarine-script: " << why << std::endl;
     told = why;
   };
-  Platform platform = host.with(screen);
+  Program* wired = nullptr;
+  board::WireTap tap(host.driver, host.library, host.usb,
+                     [&wired] { return wired != nullptr ? wiringOf(*wired) : board::Cable(); });
+  board::EvaluationBoard wires({[&time] { return time.now(); }, [] { return 0.0; }});
+  TraceFile trace;
+  if (!tracePath.empty()) {
+    if (!trace.start(tracePath, wires)) return failed(tracePath + " cannot be written");
+    tap.listen(&wires);
+  }
+
+  Platform platform{tap, tap, tap, host.host, host.clock, screen};
   Program program(platform);
+  wired = &program;
   program.start();
   Interpreter interpreter({program.forms, program.door, screen, nullptr, std::cout, std::cerr}, *script.text,
                           script.name);
-  return interpreter.run();
+  const int status = interpreter.run();
+  return trace.finish(wires) ? status : failed(tracePath + " cannot be written in full");
 }
 
 // The text of a file; nothing if it cannot be read.
@@ -180,7 +204,8 @@ int run(const Options& options) {
         .text = &file, .name = options.file, .asksForLatches = text->find("latches") != std::string::npos};
     file.str(std::move(*text));
   }
-  const int status = options.hardware ? runOnHardware(script) : runOnVirtualBoard(script, options.trace);
+  const int status =
+      options.hardware ? runOnHardware(script, options.trace) : runOnVirtualBoard(script, options.trace);
   if (!std::cout.flush()) return failed("standard output cannot be written");
   return status;
 }

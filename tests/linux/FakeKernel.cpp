@@ -3,8 +3,11 @@
 #include <linux/ppdev.h>
 #include <sys/ioctl.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <fstream>
+#include <iterator>
 #include <utility>
 
 namespace tessarine {
@@ -13,6 +16,13 @@ std::string hexByte(unsigned value) {
   char text[16];
   std::snprintf(text, sizeof text, "%02X", value);
   return text;
+}
+
+bool isInTheManual(const std::string& sentence) {
+  std::ifstream file(TESSARINE_SOURCE_DIR "/docs/hardware.md");
+  const std::string manual{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  const std::size_t end = std::min(sentence.find(". "), sentence.find(" (ppdev0)"));
+  return manual.find("\n| " + sentence.substr(0, end)) != std::string::npos;
 }
 
 void FakeKernel::addPort(std::uint16_t base, const std::string& name) {

@@ -68,4 +68,7 @@ class FakeKernel : public Kernel {
 
 [[nodiscard]] std::string hexByte(unsigned value);
 
+// Whether docs/hardware.md has the sentence, up to the line to type, for the operator who looks it up.
+[[nodiscard]] bool isInTheManual(const std::string& sentence);
+
 }  // namespace tessarine

@@ -220,6 +220,7 @@ TEST_F(Parallel, EachObstacleIsNamedWithTheLineToType) {
     };
     EXPECT_EQ(faultOf(write), obstacle.sentence);
     EXPECT_EQ(p.whyNotOpen(), obstacle.sentence);
+    EXPECT_TRUE(obstacle.address == 0 || isInTheManual(obstacle.sentence));
     EXPECT_FALSE(k.waitedForEver);
 
     const std::size_t opening = k.taken().size();
@@ -273,6 +274,7 @@ TEST_F(Parallel, ARepairedPortWorksWithoutARestart) {
   const char* sentence =
       "Parallel port 378 failed: Input/output error. To see what the kernel says, type: sudo dmesg | grep "
       "parport";
+  EXPECT_TRUE(isInTheManual(sentence));
   EXPECT_EQ(faultOf([&] { host.driver.DlPortWritePortUchar(kData, 1); }), sentence);
   (void)kernel.taken();
   EXPECT_EQ(faultOf([&] { host.driver.DlPortWritePortUchar(kData, 1); }), sentence);
@@ -318,10 +320,24 @@ TEST_F(Parallel, OnlyTheReadBackTellsOfAPortThatIsNotThere) {
   host.driver.DlPortWritePortUchar(kData, 0);
   EXPECT_EQ(host.whyNotOpen(), "");
   EXPECT_EQ(host.driver.DlPortReadPortUchar(kData), 0xFF);
-  EXPECT_EQ(host.whyNotOpen(),
+  const std::string sentence = host.whyNotOpen();
+  EXPECT_EQ(sentence,
             "Parallel port 378 is missing: nothing answers at this address (it reads FF). To see which "
             "addresses the "
             "kernel knows, type: cat /proc/sys/dev/parport/*/base-addr");
+  EXPECT_TRUE(isInTheManual(sentence));
+  // One that holds a line is another matter, and one that gives in is none.
+  kernel.addPort(kData, "");
+  host.driver.DlPortWritePortUchar(kData, 4);
+  kernel.outb(kData, 0);
+  EXPECT_EQ(host.driver.DlPortReadPortUchar(kData), 0);
+  EXPECT_EQ(
+      host.whyNotOpen(),
+      "Parallel port 378 reads 0 where 4 was written: its lines are inputs, shorted or held by the board");
+  EXPECT_TRUE(isInTheManual(host.whyNotOpen()));
+  kernel.outb(kData, 4);
+  EXPECT_EQ(host.driver.DlPortReadPortUchar(kData), 4);
+  EXPECT_EQ(host.whyNotOpen(), "");
 }
 
 }  // namespace

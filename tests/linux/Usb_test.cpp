@@ -4,7 +4,10 @@
 
 #include <cerrno>
 #include <functional>
+#include <random>
 
+#include "board/Cable.h"
+#include "board/WireReceiver.h"
 #include "linux/FakeKernel.h"
 #include "platform/Fault.h"
 #include "platform/linux/BitBang.h"
@@ -125,6 +128,33 @@ TEST_F(Usb, AWordIsOneTransferStepByStep) {
   EXPECT_THAT(module.levels, ElementsAre(0, 0, 2, 0));
 }
 
+// The wave as the chip takes it: its bits at the rising clock edge, its latch at the rising load enable,
+// never both in one step.
+TEST_F(Usb, TheBoardReceivesEachWordFromItsWave) {
+  std::mt19937 random(20240917);
+  for (int i = 0; i < 200; ++i) {
+    std::string word(random() % 33, '0');
+    for (char& bit : word) bit = random() % 2 == 0 ? '0' : '1';
+    module.levels.clear();
+    (void)module.taken();
+    shift(word);
+    EXPECT_EQ(module.taken().size(), i == 0 ? 5U : 1U);
+
+    board::WireReceiver receiver;
+    std::vector<std::string> latched;
+    board::Levels before;
+    for (const std::uint8_t lines : module.levels) {
+      const board::Levels now = board::kUsbCable.levels(lines);
+      EXPECT_FALSE(now.clock != before.clock &&
+                   (now.data != before.data || now.loadEnable != before.loadEnable));
+      if (receiver.drive(now).latch) latched.push_back(receiver.takeBits());
+      before = now;
+    }
+    EXPECT_THAT(latched, ElementsAre(std::string(word.rbegin(), word.rend())));
+    EXPECT_EQ(before, board::Levels());
+  }
+}
+
 struct UsbObstacle {
   const char* name;
   std::function<void(FakeKernel&, FakeModule&)> set;
@@ -178,6 +208,7 @@ TEST_F(Usb, EachObstacleIsNamedWithTheLineToType) {
     obstacle.set(kernel, module);
     EXPECT_EQ(faultOf([&] { host.usb.UsbOpen(0); }), obstacle.sentence);
     EXPECT_EQ(faultOf([&] { shift("1"); }), obstacle.sentence);
+    EXPECT_TRUE(isInTheManual(obstacle.sentence));
     // Set right: the next command opens it.
     module.openResult = 0;
     module.unplugged = false;

@@ -33,8 +33,7 @@ check 'the virtual board by name' 0 "$word" '' "$program" --board virtual tune.s
 check 'a line in a file' 2 '' 'wrong.script:3: there is no control "Nothing"' "$program" wrong.script
 check 'a line of standard input' 2 '' 'stdin:3: there is no control "Nothing"' "$program" <wrong.script
 check 'help' 0 'usage: *' '' "$program" --help
-for arguments in '--board' '--board paper' '--trace' '--frobnicate' 'a.script b.script' \
-  '--board hardware --trace x.vcd'; do
+for arguments in '--board' '--board paper' '--trace' '--frobnicate' 'a.script b.script'; do
   # shellcheck disable=SC2086 # words on purpose
   check "usage: $arguments" 2 '' 'usage: *' "$program" $arguments
 done

@@ -52,6 +52,21 @@ wordsAgree() {
   [ "$shown" = "$latched" ] || printf 'on the wire:\n%s\ntold:\n%s\n' "$latched" "$(told "$1" "$2")"
 }
 
+# The trace that the program saved tells of the same words, from time 0 on, with load enable never rising in the tick
+# of a clock edge.
+traceAgrees() {
+  local traced
+  traced=$(told "$1" "$2" | sed -n 's/^VCD //p' | awk '
+    /^#/ { if (NR > 1 && loadRose && clockMoved) print "both edges at", time; time = $0; loadRose = clockMoved = 0
+      if (!begun++ && time != "#0") print "begins at", time }
+    /^[01]!$/ { clockMoved = 1; if ($0 == "1!") bits = bits data }
+    /^[01]"$/ { data = substr($0, 1, 1) }
+    /^[01]#$/ { if ($0 == "1#") { loadRose = 1; print bits; bits = "" } }')
+  [ -n "$traced" ] && [ "$traced" = "$(wire "$1" "$2")" ]
+  verdict $? "$1, stage $2: the saved trace tells of the words on the wire"
+  [ "$traced" = "$(wire "$1" "$2")" ] || printf 'traced:\n%s\n' "$traced"
+}
+
 says() { # TEXT
   told "$1" "$2" | grep -qF -- "$3"
   verdict $? "$1, stage $2: says \"$3\""
