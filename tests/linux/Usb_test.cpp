@@ -77,8 +77,8 @@ class Usb : public ::testing::Test {
     kernel.files[folder + "idVendor"] = "0403\n";
     kernel.files[folder + "idProduct"] = product;
     kernel.files[folder + "busnum"] = "1\n";
-    kernel.files[folder + "devnum"] = "12\n";
-    kernel.nodes["/dev/bus/usb/001/012"] = 0;
+    kernel.files[folder + "devnum"] = "4\n";
+    kernel.nodes["/dev/bus/usb/001/004"] = 0;
   }
 
   std::string faultOf(const std::function<void()>& action) {
@@ -173,10 +173,10 @@ TEST_F(Usb, EachObstacleIsNamedWithTheLineToType) {
        "type: lsusb -d 0403:"},
       {"no permission",
        [](FakeKernel& k, FakeModule& m) {
-         k.nodes["/dev/bus/usb/001/012"] = -EACCES;
+         k.nodes["/dev/bus/usb/001/004"] = -EACCES;
          m.openResult = kFtdiNotOpened;
        },
-       "No permission for the USB module /dev/bus/usb/001/012. Type, in the program's folder: sudo cp "
+       "No permission for the USB module /dev/bus/usb/001/004. Type, in the program's folder: sudo cp "
        "packaging/60-tessarine.rules /etc/udev/rules.d/ && sudo udevadm control --reload && sudo udevadm "
        "trigger"},
       {"another program",
@@ -185,10 +185,10 @@ TEST_F(Usb, EachObstacleIsNamedWithTheLineToType) {
          m.openResult = kFtdiNotClaimed;
        },
        "Channel B of the USB module is busy: another program holds it. To see which, type: sudo fuser -v "
-       "/dev/bus/usb/001/012"},
+       "/dev/bus/usb/001/004"},
       {"another program, already gone", [](FakeKernel&, FakeModule& m) { m.openResult = kFtdiNotClaimed; },
        "Channel B of the USB module is busy: another program holds it. To see which, type: sudo fuser -v "
-       "/dev/bus/usb/001/012"},
+       "/dev/bus/usb/001/004"},
       {"a kernel driver",
        [](FakeKernel& k, FakeModule& m) {
          k.links["/sys/bus/usb/devices/1-2:1.1/driver"] = "../../../../bus/usb/drivers/ftdi_sio";
