@@ -14,6 +14,10 @@ int main(int argc, char** argv) {
   LinuxPlatform host([] { QApplication::beep(); });
   // For what ends the program past the window: a crash, or a second signal while the first is not heeded.
   const LeaveOnSignal leaving(host);
+  // The message of a failed write names the address alone.
+  desktop.remark = [&host](const std::string& text) {
+    return text.starts_with("Error with Output Port Address ") ? host.whyNotOpen() : std::string();
+  };
   Platform platform = host.with(desktop);
   Program program(platform);
   desktop.run(program.forms, program.door, [&] { program.start(); });

@@ -94,6 +94,10 @@ void Desktop::messageBox(const std::string& text, Icon icon, const std::string& 
                   toQt(text), QMessageBox::Ok, QApplication::activeWindow());
   box.setObjectName(QStringLiteral("messageBox"));
   box.setTextFormat(Qt::PlainText);
+  if (const std::string more = remark ? remark(text) : std::string(); !more.empty()) {
+    box.setInformativeText(toQt(more));
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse);
+  }
   box.exec();
   throwIfEnded();
 }

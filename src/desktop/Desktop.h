@@ -31,6 +31,9 @@ class Desktop : public Screen, public forms::Observer, public Hands {
   void attach(forms::FormList& forms, forms::Operator& door);
   void detach();
 
+  // What stands under the text of a message, in smaller letters that can be copied; empty for nothing.
+  std::function<std::string(const std::string& text)> remark;
+
   [[nodiscard]] bool hasEnded() const { return ended_; }
   [[nodiscard]] FormWindow* windowOf(const forms::Form& form) const;
 

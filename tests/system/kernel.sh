@@ -2,13 +2,21 @@
 # emulator starts without unpacking it first, and modules/, the tree under /lib/modules. Sourced; returns 1 when
 # the package cannot be had.
 
+kernelPackage() {
+  apt-cache depends linux-image-amd64 2> /dev/null | awk '/Depends: linux-image-/ { print $2; exit }'
+}
+
 fetchKernel() {
   local cache=$1 package work image setup offset length
   [ -e "$cache/ready" ] && return 0
   rm -rf "$cache"
   work=$cache/unpack
   mkdir -p "$work" || return 1
-  package=$(apt-cache depends linux-image-amd64 2>/dev/null | awk '/Depends: linux-image-/ { print $2; exit }')
+  package=$(kernelPackage)
+  if [ -z "$package" ] && [ "$(id -u)" = 0 ]; then
+    apt-get update -q > /dev/null 2>&1
+    package=$(kernelPackage)
+  fi
   [ -n "$package" ] || { echo "no package linux-image-amd64 is listed (apt-get update?)"; return 1; }
   (cd "$work" && apt-get download -q "$package") || return 1
   dpkg-deb --fsys-tarfile "$work"/*.deb | tar -x -C "$work" --wildcards './boot/vmlinuz-*' \
