@@ -9,7 +9,10 @@
 namespace tessarine {
 
 String joined(std::initializer_list<std::string_view> fields) {
+  std::size_t length = 0;
+  for (const std::string_view field : fields) length += field.size();
   String word;
+  word.reserve(length);
   for (const std::string_view field : fields) word += field;
   return word;
 }

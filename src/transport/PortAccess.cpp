@@ -24,7 +24,7 @@ void writeOnce(const Module1& module, int address, std::uint8_t value) {
   }
 }
 
-// Whether the port gives `value` back. A call that fails is a try that failed.
+// Whether the port gives back what is written to it. A call that fails is a try that failed.
 bool tryWrite(Module1& module, int address, std::uint8_t value, bool patient) {
   bool written = true;
   try {
@@ -34,7 +34,7 @@ bool tryWrite(Module1& module, int address, std::uint8_t value, bool patient) {
   }
   if (patient) DelayMs(module, kSettleMs);
   try {
-    return PortRead(module, address) == value && written;
+    return written && PortRead(module, address) == value;
   } catch (const std::exception&) {
     return false;
   }
@@ -53,7 +53,11 @@ int PortWrite(Module1& module, int Address, int Value) {
     module.platform.usb.UsbWritePort("B", value);
     return 0;
   }
-  for (int number = 0; number < kTries; ++number) {
+  return tryWrite(module, Address, value, false) ? 1 : retryWrite(module, Address, value);
+}
+
+int retryWrite(Module1& module, int Address, std::uint8_t value) {
+  for (int number = 1; number < kTries; ++number) {
     if (tryWrite(module, Address, value, number >= kFirstPatientTry)) return 1;
   }
   module.platform.clock.beep();

@@ -2,20 +2,21 @@
 // PortType and UseDlPort at each call.
 #pragma once
 
-#include <string_view>
+#include <cstdint>
 
 #include "engine/Module1.h"
 
 namespace tessarine {
 
 // Whether the way out is the USB interface.
-[[nodiscard]] inline bool usesUsb(const Module1& module) {
-  return module.PortType == std::string_view("USB");
-}
+[[nodiscard]] inline bool usesUsb(const Module1& module) { return module.PortType == "USB"; }
 
 // Writes a byte and, on the parallel port, reads it back with up to 110 tries. 1: confirmed; 0: given up,
 // after a beep and a message, or on USB.
 int PortWrite(Module1& module, int Address, int Value);
+
+// The tries of a PortWrite on the parallel port after the first one.
+int retryWrite(Module1& module, int Address, std::uint8_t value);
 
 [[nodiscard]] int PortRead(Module1& module, int Address);
 

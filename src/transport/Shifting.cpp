@@ -1,11 +1,11 @@
 // How words reach the chip: bit by bit over clock and data, then a pulse on load enable.
-#include <exception>
 #include <string>
 
 #include "engine/BitStrings.h"
 #include "engine/PLL.h"
 #include "platform/Platform.h"
 #include "transport/PortAccess.h"
+#include "transport/PortLines.h"
 
 namespace tessarine {
 namespace {
@@ -17,15 +17,6 @@ constexpr int kR0ExtraLine = 16;  // connector pin 6, raised together with load 
 constexpr int kFixedStrobeKeeps = 232;
 constexpr int kFixedLoadEnable = 4;
 
-// The port's byte; `driven`, the byte last written, when the port cannot be read: the load goes on.
-int linesOnPort(Module1& module, int driven) {
-  try {
-    return PortRead(module, module.PortAddress);
-  } catch (const std::exception&) {
-    return driven;
-  }
-}
-
 }  // namespace
 
 void PLL::ShiftOut(const String& Word) {
@@ -35,13 +26,14 @@ void PLL::ShiftOut(const String& Word) {
   }
   // A copy: a port that is retried lets events run, and these may rebuild the member that Word refers to.
   const String bits = ReverseStr(Word);
-  PortWrite(module_, module_.PortAddress, 0);
+  PortLines port(module_);
+  port.write(0);
   for (const char bit : bits) {
     const int data = bit == '1' ? DATAbit : 0;
-    PortWrite(module_, module_.PortAddress, data);
-    const int lines = linesOnPort(module_, data);
-    PortWrite(module_, module_.PortAddress, lines | CLOCKbit);
-    PortWrite(module_, module_.PortAddress, lines & ~CLOCKbit);
+    port.write(data);
+    const int lines = port.read(data);
+    port.write(lines | CLOCKbit);
+    port.write(lines & ~CLOCKbit);
   }
 }
 
@@ -54,7 +46,7 @@ void PLL::standardStrobe() {
 }
 
 void PLL::fixedStrobe() {
-  const int lines = linesOnPort(module_, 0) & kFixedStrobeKeeps;
+  const int lines = PortLines(module_).read(0) & kFixedStrobeKeeps;
   PortWrite(module_, module_.PortAddress, lines);
   DelayMs(module_, kStrobeMs);
   PortWrite(module_, module_.PortAddress, lines | kFixedLoadEnable);

@@ -43,9 +43,10 @@ TEST(PortAccess, EachTryIsAWriteAndAReadUntilThePortEchoes) {
 TEST(PortAccess, ACallThatFailsIsATryThatFailed) {
   EngineBench bench;
   int calls = 0;
-  bench.host.port.fails = [&](const auto&) { return ++calls <= 4; };  // two writes and two reads
+  // The first write, and the read-back of the second.
+  bench.host.port.fails = [&](const auto&) { return ++calls == 1 || calls == 3; };
   EXPECT_EQ(PortWrite(bench.module, 888, 5), 1);
-  EXPECT_EQ(bench.host.port.count(Kind::write), 3);
+  EXPECT_EQ(bench.host.port.bytes(), (std::vector<int>{5, 5, 5}));
 
   bench.host.port.fails = [](const auto& access) { return access.kind == Kind::write; };
   EXPECT_EQ(PortWrite(bench.module, 888, 5), 0) << "an echo of an earlier write confirms nothing";

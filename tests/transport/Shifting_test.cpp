@@ -113,6 +113,17 @@ TEST(Shifting, AWordGoesOutAsItWasWhenAnEventRebuildsItDuringARetry) {
   EXPECT_EQ(bench.host.port.latches(), Calls{std::string(24, '1')});
 }
 
+TEST(Shifting, AWordOnAPortThatFailsIsTriedAndComplainedOfLikeAnyWrite) {
+  EngineBench bench;
+  bench.module.UseDlPort = 0;
+  bench.host.port.echoFromWrite = 110 + 3;  // the first write is given up, the second takes three tries
+  PLLProbe::shiftOut(bench.pll, "1");
+  EXPECT_EQ(bench.host.screen.messages.size(), 1U);
+  const auto bytes = bench.host.port.bytes();
+  EXPECT_EQ(Bytes(bytes.end() - 5, bytes.end()), (Bytes{2, 2, 2, 3, 2}));
+  EXPECT_EQ(bytes.size(), 110U + 5U);
+}
+
 TEST(Shifting, APortThatCannotBeReadIsStillShiftedTo) {
   EngineBench bench;
   int reads = 0;
