@@ -246,6 +246,13 @@ TEST_F(Parallel, RawAccessStandsInWhereNoDriverHasTheAddress) {
   host.leave();
   EXPECT_EQ(kernel.at(kData), 0);
   EXPECT_EQ(kernel.at(kControl), 0x2C);
+
+  // The node takes nothing beyond its end, and calls that no error.
+  host.driver.DlPortWritePortUchar(kData, 1);
+  kernel.broken = true;
+  EXPECT_EQ(faultOf([&] { host.driver.DlPortWritePortUchar(kData, 1); }),
+            "Parallel port 378 failed: Input/output error. To see what the kernel says, type: sudo dmesg | "
+            "grep parport");
 }
 
 TEST_F(Parallel, PortInstructionsAreAskedForAgainByTheThreadThatLeaves) {
