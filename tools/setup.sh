@@ -48,7 +48,7 @@ build() {
     if [[ -f build/$preset/build.ninja ]] && [[ $# -gt 0 ]] && grep -q "^build $1:" "build/$preset/build.ninja"; then
       cmake --build --preset "$preset" -j "$(nproc)" --target "$@"
     else
-      cmake --preset "$preset" && cmake --build --preset "$preset" -j "$(nproc)" ${1:+--target "$@"}
+      cmake --preset "$preset" -D TESSARINE_UNITY=ON && cmake --build --preset "$preset" -j "$(nproc)" ${1:+--target "$@"}
     fi
   ) >&2
 }

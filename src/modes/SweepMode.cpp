@@ -14,7 +14,7 @@ namespace {
 constexpr double kKHzPerMHz = 1000;
 // The steps are added up; the margin keeps their rounding from losing the last one.
 constexpr double kStopMarginMHz = 0.000001;
-constexpr int kFrequencyDigits = 15;
+constexpr int kStepDigits = 15;
 
 }  // namespace
 
@@ -36,7 +36,7 @@ void PllForm1::startSweep() {
   const Integer SweepDelay = leadingInteger(DelaySweepText1.Text.get(), "Delay");
   const double SweepStep = leadingNumber(StepText1.Text.get());
   if (AutoOption1.Value && SweepStep < 0) {
-    throw Fault("Step Size = " + plainDecimal(SweepStep, kFrequencyDigits) +
+    throw Fault("Step Size = " + plainDecimal(SweepStep, kStepDigits) +
                 " kHz leads away from the stop frequency: it must be 0 or above");
   }
   readFrequencies();
@@ -93,7 +93,7 @@ void PllForm1::stepTo(double frequency) {
   PLL& pll = module_.ThePLL();
   pll.Fvco = frequency;
   pll.SetPLL(false);
-  Label15.Caption = " Current Freq                 " + plainDecimal(pll.Fvco, kFrequencyDigits);
+  Label15.Caption = " Current Freq                 " + plainDecimal(pll.Fvco, kStepDigits);
   module_.platform.screen.repaint(Label15);
 }
 
