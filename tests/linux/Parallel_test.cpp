@@ -8,9 +8,9 @@
 
 #include "engine/Module1.h"
 #include "linux/FakeKernel.h"
-#include "platform/Fault.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "support/FakePlatform.h"
+#include "support/FaultOf.h"
 #include "transport/PortAccess.h"
 
 namespace tessarine {
@@ -24,15 +24,6 @@ constexpr std::uint16_t kControl = 0x37A;
 
 class Parallel : public ::testing::Test {
  protected:
-  std::string faultOf(const std::function<void()>& action) {
-    try {
-      action();
-    } catch (const Fault& fault) {
-      return fault.what();
-    }
-    return {};
-  }
-
   FakeKernel kernel;
   LibFtdi ftdi;
   LinuxPlatform host{kernel, ftdi, [] {}};
@@ -124,10 +115,8 @@ const Obstacle kObstacles[] = {
      "ppdev"},
     {"another address", [](FakeKernel& k) { k.addPort(0x278, "parport0"); }, false, kData,
      "Parallel port 378 is missing: the kernel knows 278. Enter that address in Config, Parallel Port; or, "
-     "if the "
-     "port is there, type: sudo modprobe -r lp ppdev parport_pc; sudo modprobe parport_pc io=0x378 && sudo "
-     "modprobe "
-     "ppdev"},
+     "if the port is there, type: sudo modprobe -r lp ppdev parport_pc; sudo modprobe parport_pc io=0x378 && sudo "
+     "modprobe ppdev"},
     {"no node",
      [](FakeKernel& k) {
        k.addPort(kData, "parport0");
@@ -204,8 +193,7 @@ const Obstacle kObstacles[] = {
      "Parallel Port; to see who has which, type: sudo cat /proc/ioports"},
     {"an odd address", [](FakeKernel& k) { k.addPort(kData, "parport0"); }, false, 0x379,
      "Address 379 is missing: a parallel port has its data register at a multiple of 4 and its control "
-     "register at "
-     "that plus 2"},
+     "register at that plus 2"},
 };
 
 TEST_F(Parallel, EachObstacleIsNamedWithTheLineToType) {
@@ -270,7 +258,7 @@ TEST_F(Parallel, PortInstructionsAreAskedForAgainByTheThreadThatLeaves) {
 }
 
 TEST_F(Parallel, ARepairedPortWorksWithoutARestart) {
-  EXPECT_NE(faultOf([&] { host.driver.DlPortWritePortUchar(kData, 0); }), "");
+  EXPECT_NE(faultOf([&] { host.driver.DlPortWritePortUchar(kData, 0); }), "no fault");
   kernel.addPort(kData, "parport0");
   kernel.now += 1.1;
   host.driver.DlPortWritePortUchar(kData, 3);
@@ -330,8 +318,7 @@ TEST_F(Parallel, OnlyTheReadBackTellsOfAPortThatIsNotThere) {
   const std::string sentence = host.whyNotOpen();
   EXPECT_EQ(sentence,
             "Parallel port 378 is missing: nothing answers at this address (it reads FF). To see which "
-            "addresses the "
-            "kernel knows, type: cat /proc/sys/dev/parport/*/base-addr");
+            "addresses the kernel knows, type: cat /proc/sys/dev/parport/*/base-addr");
   EXPECT_TRUE(isInTheManual(sentence));
   // One that holds a line is another matter, and one that gives in is none.
   kernel.addPort(kData, "");

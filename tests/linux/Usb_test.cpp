@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <functional>
 #include <random>
@@ -9,9 +10,11 @@
 #include "board/Cable.h"
 #include "board/WireReceiver.h"
 #include "linux/FakeKernel.h"
-#include "platform/Fault.h"
 #include "platform/linux/BitBang.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "support/FakePlatform.h"
+#include "support/FaultOf.h"
+#include "window/Program.h"
 
 namespace tessarine {
 namespace {
@@ -30,7 +33,8 @@ class FakeModule : public FtdiLibrary {
   int product = 0x6010;
   int openResult = 0;
   bool unplugged = false;
-  int takes = 1 << 20;  // bytes of the next transfers
+  int transfersLeft = 1 << 20;  // until it is unplugged
+  int takes = 1 << 20;          // bytes of the next transfers
   std::uint8_t pinsA = 0;
   std::uint8_t pinsB = 0;
 
@@ -46,6 +50,7 @@ class FakeModule : public FtdiLibrary {
     int setOutputs(std::uint8_t outputs) override { return record(" outputs " + hexByte(outputs), 0); }
     int setBaudRate(int rate) override { return record(" rate " + std::to_string(rate), 0); }
     int write(std::span<const std::uint8_t> levels) override {
+      if (module_.transfersLeft-- == 0) module_.unplugged = true;
       const int taken = std::min(static_cast<int>(levels.size()), module_.takes);
       if (!module_.unplugged) {
         module_.levels.insert(module_.levels.end(), levels.begin(), levels.begin() + taken);
@@ -79,15 +84,6 @@ class Usb : public ::testing::Test {
     kernel.files[folder + "busnum"] = "1\n";
     kernel.files[folder + "devnum"] = "4\n";
     kernel.nodes["/dev/bus/usb/001/004"] = 0;
-  }
-
-  std::string faultOf(const std::function<void()>& action) {
-    try {
-      action();
-    } catch (const Fault& fault) {
-      return fault.what();
-    }
-    return {};
   }
 
   void shift(std::string_view word) { host.usb.UsbShiftWord("B3", "B2", "B1", "B0", 0, word); }
@@ -212,7 +208,7 @@ TEST_F(Usb, EachObstacleIsNamedWithTheLineToType) {
     // Set right: the next command opens it.
     module.openResult = 0;
     module.unplugged = false;
-    EXPECT_EQ(faultOf([&] { shift("1"); }), "");
+    EXPECT_EQ(faultOf([&] { shift("1"); }), "no fault");
     host.usb.UsbClose();
   }
 }
@@ -228,17 +224,51 @@ TEST_F(Usb, UnpluggingIsOneFaultAndTheNextCommandOpensAnew) {
   module.unplugged = true;
   EXPECT_EQ(faultOf([&] { shift("01"); }),
             "The USB module is missing since this command (usb bulk write failed). Plug it in again: the "
-            "next command "
-            "opens it anew");
+            "next command opens it anew");
   module.unplugged = false;
   (void)module.taken();
   shift("11");
   EXPECT_THAT(module.taken(),
               ElementsAre("B open", "B outputs FF", "B rate 62500", "B write 1", "B write 10"));
   module.unplugged = true;
-  EXPECT_NE(faultOf([&] { host.usb.UsbReadPin("A3"); }), "");
-  EXPECT_NE(faultOf([&] { host.usb.UsbWritePort("B", 0); }), "");
+  EXPECT_NE(faultOf([&] { host.usb.UsbReadPin("A3"); }), "no fault");
+  EXPECT_NE(faultOf([&] { host.usb.UsbWritePort("B", 0); }), "no fault");
   host.usb.UsbClose();
+}
+
+TEST_F(Usb, UnpluggingInTheMiddleOfALoadIsOneMessageAndTheProgramGoesOn) {
+  FakePlatform fake;
+  Platform platform{fake.port, fake.port, host.usb, fake.host, fake.clock, fake.screen};
+  Program program(platform);
+  program.start();
+  const auto set = [&](const char* name, const char* value) {
+    EXPECT_FALSE(program.door.set(*program.forms.find(name), value));
+  };
+  const auto click = [&](const char* name) { EXPECT_FALSE(program.door.click(*program.forms.find(name))); };
+  click("IOOption(1)");
+  click("ContinueCommand");
+  for (auto& [index, entry] : program.window.pllM.members()) {
+    if (entry.Caption == "ADF4113") {
+      EXPECT_FALSE(program.door.click(entry));
+    }
+  }
+  for (const auto& [name, value] :
+       {std::pair{"RefText", "10"}, {"CompText", "200"}, {"PrescalarText", "8/9"}, {"VCOText", "900"}})
+    set(name, value);
+  EXPECT_TRUE(fake.screen.messages.empty());
+
+  module.transfersLeft = 4;  // in the second word
+  click("AllCommand");
+  ASSERT_EQ(fake.screen.messages.size(), 1U);
+  EXPECT_TRUE(fake.screen.messages[0].text.starts_with("The USB module is missing since this command"));
+
+  module.unplugged = false;
+  module.transfersLeft = 1 << 20;
+  (void)module.taken();
+  click("AllCommand");
+  EXPECT_EQ(fake.screen.messages.size(), 1U);
+  const std::vector<std::string> calls = module.taken();
+  EXPECT_EQ(std::count(calls.begin(), calls.end(), "B write 76"), 3) << "one transfer a word";
 }
 
 TEST_F(Usb, AShortTransferIsAFault) {
