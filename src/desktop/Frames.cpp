@@ -93,7 +93,7 @@ class Divider : public QWidget, public ControlWidget {
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
     const bool across = width() >= height();
-    const QRectF line = across ? QRectF(0, height() / 2, width(), 1) : QRectF(width() / 2, 0, 1, height());
+    const QRect line = across ? QRect(0, height() / 2, width(), 1) : QRect(width() / 2, 0, 1, height());
     painter.fillRect(line, Tones(palette()).edge);
   }
 };

@@ -18,16 +18,16 @@ const std::vector<std::string> kDualModulusLMX = {"32/33"};
 
 void PllForm1::pllM_Click(int Index) {
   showCommonState();
-  const std::string caption = pllM(Index).Caption;
+  const std::string entry = pllM(Index).Caption;
   // The ADF4106 is driven word for word as an ADF4113.
-  module_.CurrentModel = caption == "ADF4106" ? "ADF4113" : caption;
+  module_.CurrentModel = entry == "ADF4106" ? "ADF4113" : entry;
 
   // In this order: picking the checked entry again leaves it without its mark.
   pllM(Index).Checked = true;
   if (CurrentModelIndex != 0) pllM(CurrentModelIndex).Checked = false;
   CurrentModelIndex = static_cast<Integer>(Index);
 
-  GeneralFrame.Caption = "    PLL Model :  " + caption + "    ";
+  GeneralFrame.Caption = "    PLL Model :  " + entry + "    ";
   showRegisterRows(isFractional(module_.CurrentModel));
   showModelControls();
   parallelForm.OKButton_Click();

@@ -12,8 +12,7 @@ namespace fs = std::filesystem;
 using Names = std::vector<std::string>;
 
 // A small tree of files that the browser walks; the process's directory is put back afterwards.
-class BrowseFormTest : public testing::Test {
- protected:
+struct BrowseFormTest : testing::Test {
   BrowseFormTest() {
     fs::create_directories(root_ / "setups" / "old ones");
     for (const char* name :

@@ -26,9 +26,9 @@ struct ProgramBench {
     host.usb.calls.clear();
     host.screen.messages.clear();
   }
-  void pick(const std::string& caption) {
+  void pick(const std::string& model) {
     for (auto& [index, entry] : window.pllM.members()) {
-      if (entry.Caption == caption) expectDone(program.door.click(entry));
+      if (entry.Caption == model) expectDone(program.door.click(entry));
     }
   }
   void click(const std::string& name) { expectDone(program.door.click(control(name))); }

@@ -274,7 +274,7 @@ TEST(Panels, ValueBeyond16BitsIsOneMessageThatNamesItsField) {
 
 TEST(Panels, SKYReadsItsOwnBandFileBeforeThatOfTheOtherPanel) {
   const auto fileWith = [](const char* name, const char* row) {
-    const std::string path = testing::TempDir() + name;
+    std::string path = testing::TempDir() + name;
     std::ofstream(path) << "! bands\n" << row << "\n! end\n";
     return path;
   };
