@@ -115,7 +115,8 @@ const Obstacle kObstacles[] = {
      "ppdev"},
     {"another address", [](FakeKernel& k) { k.addPort(0x278, "parport0"); }, false, kData,
      "Parallel port 378 is missing: the kernel knows 278. Enter that address in Config, Parallel Port; or, "
-     "if the port is there, type: sudo modprobe -r lp ppdev parport_pc; sudo modprobe parport_pc io=0x378 && sudo "
+     "if the port is there, type: sudo modprobe -r lp ppdev parport_pc; sudo modprobe parport_pc io=0x378 && "
+     "sudo "
      "modprobe ppdev"},
     {"no node",
      [](FakeKernel& k) {
