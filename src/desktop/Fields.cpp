@@ -149,6 +149,7 @@ class ModelSwitch : public Button, public ControlWidget {
 
  protected:
   void nextCheckState() override {}
+  bool hitButton(const QPoint& point) const override { return Button::rect().contains(point); }
 };
 
 class TickBox : public ModelSwitch<QCheckBox> {

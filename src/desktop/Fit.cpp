@@ -27,22 +27,24 @@ constexpr int kAround = 4;
 QString shownText(const std::string& text) { return QString::fromStdString(text).trimmed(); }
 
 // The narrowest a text can be that wraps into so many lines.
-int widthInLines(const QFontMetrics& metrics, const QString& text, int lines) {
+int widthInLines(const QFont& font, const QString& text, int lines) {
+  const QFontMetrics metrics(font);
   int narrow = 0;
   for (const QString& word : text.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
     narrow = std::max(narrow, metrics.horizontalAdvance(word));
   }
   const int wide = metrics.horizontalAdvance(text);
   const auto fits = [&](int width) {
-    const QRect paper(0, 0, width, metrics.lineSpacing() * (lines + 1));
-    return metrics.boundingRect(paper, Qt::TextWordWrap, text).height() <= metrics.lineSpacing() * lines;
+    const QRect paper(0, 0, width, lineHeight(font) * (lines + 1));
+    return metrics.boundingRect(paper, Qt::TextWordWrap, text).height() <= lineHeight(font) * lines;
   };
   while (narrow < wide && !fits(narrow)) narrow += metrics.averageCharWidth();
   return std::min(narrow, wide);
 }
 
-QSize labelSize(const forms::Label& label, const QFont& base, QSize room) {
-  const QFontMetrics metrics(fontOf(label.look, base));
+QSize labelSize(const forms::Label& label, const QFont& base) {
+  const QFont font = fontOf(label.look, base);
+  const QFontMetrics metrics(font);
   const QString text = shownText(label.Caption);
   const QSize line(metrics.horizontalAdvance(text), metrics.height());
   switch (label.look) {
@@ -57,8 +59,7 @@ QSize labelSize(const forms::Label& label, const QFont& base, QSize room) {
       break;
   }
   if (!wraps(label)) return line;
-  const int lines = std::max(2, room.height() / metrics.lineSpacing());
-  return {widthInLines(metrics, text, lines), line.height()};
+  return {widthInLines(font, text, label.Place.get().Height / kTwipsPerLine), line.height()};
 }
 
 int widestItem(const forms::ListControl& list, const QFontMetrics& metrics) {
@@ -71,14 +72,14 @@ int widestItem(const forms::ListControl& list, const QFontMetrics& metrics) {
 
 }  // namespace
 
-QSize neededSize(const forms::Control& control, const QFont& font, QSize room) {
+QSize neededSize(const forms::Control& control, const QFont& font) {
   const QFontMetrics metrics(font);
   const QString text = shownText(control.value());
   const int width = metrics.horizontalAdvance(text);
   const int line = metrics.height();
   switch (control.kind()) {
     case Kind::Label:
-      return labelSize(static_cast<const forms::Label&>(control), font, room);
+      return labelSize(static_cast<const forms::Label&>(control), font);
     case Kind::TextBox:
       return {kField, line + kAround};
     case Kind::ComboBox:
@@ -112,7 +113,7 @@ Scale fittingScale(const forms::Form& form, const QFont& font) {
     const QSize room = scale.toPixels(control->Place).size();
     // A panel that is folded away, and a menu, take no room.
     if (room.width() <= 1 || room.height() <= 1) continue;
-    const QSize needed = neededSize(*control, font, room);
+    const QSize needed = neededSize(*control, font);
     growX = std::max(growX, static_cast<double>(needed.width()) / room.width());
     growY = std::max(growY, static_cast<double>(needed.height()) / room.height());
   }

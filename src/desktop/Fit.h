@@ -9,8 +9,8 @@
 
 namespace tessarine::desktop {
 
-// The room that the control needs as it stands, in pixels; `room` is what it has, for texts that wrap.
-[[nodiscard]] QSize neededSize(const forms::Control& control, const QFont& font, QSize room);
+// The room that the control needs as it stands, in pixels.
+[[nodiscard]] QSize neededSize(const forms::Control& control, const QFont& font);
 
 // Whether a label is high enough for more than one line: its text wraps.
 [[nodiscard]] bool wraps(const forms::Label& label);

@@ -20,8 +20,8 @@ using forms::Kind;
 
 namespace {
 
-// Left free of a screen too small for the window: its title bar and a panel of the desktop.
-constexpr int kScreenReserve = 60;
+// Left free of a screen too small for the window: for its borders, its title bar and a panel of the desktop.
+constexpr QSize kScreenReserve(20, 60);
 
 bool holdsOthers(const Control& control) {
   return control.kind() == Kind::Frame || control.kind() == Kind::PictureBox;
@@ -204,7 +204,7 @@ void FormWindow::fit() {
   const QSize content = contentSize(form_, scale_);
   const int barHeight = menus_.any() ? bar_.sizeHint().height() : 0;
   const QSize whole = content + QSize(0, barHeight);
-  const QSize room = screen()->availableSize() - QSize(0, kScreenReserve);
+  const QSize room = screen()->availableSize() - kScreenReserve;
   canvas_.setFixedSize(content);
   if (whole.width() <= room.width() && whole.height() <= room.height()) {
     setFixedSize(whole);
@@ -322,7 +322,8 @@ void FormWindow::collectStops(const Container& container, std::vector<QWidget*>&
                    [&](const auto& a, const auto& b) { return middle(a) < middle(b); });
   for (auto row = shown.begin(); row != shown.end();) {
     const int bottom = row->second->geometry().bottom();
-    const auto end = std::find_if(row, shown.end(), [&](const auto& item) { return middle(item) > bottom; });
+    const auto end =
+        std::find_if(row + 1, shown.end(), [&](const auto& item) { return middle(item) > bottom; });
     std::stable_sort(row, end, [](const auto& a, const auto& b) { return a.second->x() < b.second->x(); });
     for (; row != end; ++row) {
       if (holdsOthers(*row->first)) {

@@ -16,11 +16,21 @@ int rounded(double value) { return static_cast<int>(std::lround(value)); }
 
 }  // namespace
 
+int lineHeight(const QFont& font) {
+  const QFontMetrics metrics(font);
+  const auto height = [&](const char* lines) {
+    return metrics.boundingRect(QRect(0, 0, 1000, 1000), Qt::TextWordWrap, QString::fromLatin1(lines))
+        .height();
+  };
+  const int one = height("X");
+  return std::max(one, height("X\nX") - one);
+}
+
 Scale::Scale(const QFont& font) {
   const QFontMetricsF metrics(font);
   const QString sample = QStringLiteral("abcdefghijklmnopqrstuvwxyz ABCDEFGHIJKLMNOPQRSTUVWXYZ 0123456789");
   x_ = metrics.horizontalAdvance(sample) / static_cast<double>(sample.size()) / kTwipsPerCharacter;
-  y_ = metrics.height() / kTwipsPerLine;
+  y_ = static_cast<double>(lineHeight(font)) / kTwipsPerLine;
 }
 
 QRect Scale::toPixels(const forms::Twips& place) const {

@@ -12,6 +12,9 @@ namespace tessarine::desktop {
 // What the places are designed for: a line of text is this high.
 inline constexpr int kTwipsPerLine = 160;
 
+// How far apart the lines of a text that wraps are set, in pixels.
+[[nodiscard]] int lineHeight(const QFont& font);
+
 class Scale {
  public:
   explicit Scale(const QFont& font);

@@ -169,6 +169,13 @@ void drawFocus(QPainter& painter, const QRectF& box, double radius, const QColor
 
 Style::Style() : QProxyStyle(QStringLiteral("fusion")) {}
 
+void Style::polish(QWidget* widget) {
+  // The base style takes every button for one that needs the ground beneath it painted.
+  const bool opaque = widget->testAttribute(Qt::WA_OpaquePaintEvent);
+  QProxyStyle::polish(widget);
+  widget->setAttribute(Qt::WA_OpaquePaintEvent, opaque);
+}
+
 void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                           const QWidget* widget) const {
   switch (element) {

@@ -36,6 +36,8 @@ void drawFocus(QPainter& painter, const QRectF& box, double radius, const QColor
 class Style : public QProxyStyle {
  public:
   Style();
+  using QProxyStyle::polish;
+  void polish(QWidget* widget) override;
   void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override;
   void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,

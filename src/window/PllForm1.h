@@ -297,7 +297,7 @@ class PllForm1 : public Form, public EngineView {
       { 9, Frame11, "Muxout", at(7335, 560, 970, 210)},
       {10, Frame11, "PD1", at(8425, 560, 440, 210)},
       {11, Frame11, "CR", at(8985, 560, 310, 210)},
-      {12, Frame11, "0=Fun  1=Init", at(9320, 560, 960, 210)},
+      {12, Frame11, "0=Fun  1=Init", at(9300, 560, 1000, 210)},
     }, caption};
   Array<OptionButton> Option3{"Option3", {
       {0, Frame11, "CP Gain=0 Current Set1 Chosen", at(240, 1620, 3900, 300), {selected}},

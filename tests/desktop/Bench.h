@@ -4,8 +4,8 @@
 #include <QAction>
 #include <QTest>
 #include <QWidget>
-#include <chrono>
-#include <cmath>
+#include <functional>
+#include <string>
 
 #include "desktop/Desktop.h"
 #include "support/FakePlatform.h"
@@ -16,39 +16,43 @@ namespace tessarine::desktop {
 // Real time, for waits on a real screen.
 class SteadyClock : public Clock {
  public:
-  double secondsSinceMidnight() override {
-    const auto now = std::chrono::steady_clock::now().time_since_epoch();
-    return std::fmod(std::chrono::duration<double>(now).count(), 86400.0);
-  }
+  double secondsSinceMidnight() override;
   void beep() override {}
 };
 
+// Gives the window the keyboard, and waits for it; false if that does not come.
+[[nodiscard]] bool becomesActive(QWidget& window);
+
 struct Bench {
-  Bench() { desktop.attach(program.forms, program.door); }
+  Bench();
   ~Bench() { desktop.detach(); }
   Bench(const Bench&) = delete;
   Bench& operator=(const Bench&) = delete;
 
   // Opens the program at its first screen.
   void start();
-  // The same, and past the first screen.
-  void startWorking(bool usb = false);
+  // The same, and past the first screen, on a host that needs no port driver.
+  void startWorking(bool onUsb = false);
+  // The same with the ADF4113 tuned to 900 MHz.
+  void startTuned(bool onUsb = false);
 
   [[nodiscard]] PllForm1& form() { return program.window; }
-  [[nodiscard]] FormWindow& window(forms::Form& of) { return *desktop.windowOf(of); }
   [[nodiscard]] FormWindow& window() { return window(program.window); }
-  // The widget with this object name; a test failure where there is none.
-  template <class Widget = QWidget>
-  [[nodiscard]] Widget* find(const char* name) {
-    return window().findChild<Widget*>(QString::fromLatin1(name));
-  }
+  [[nodiscard]] FormWindow& window(const forms::Form& of);
+  // The widget or menu entry with this object name, in the main window or behind "Form.". Null without one,
+  // and a failure of the test.
+  template <class Object = QWidget>
+  [[nodiscard]] Object* find(const std::string& name);
 
-  // The operator: a mouse click in the middle, a whole text, an item of a list, a menu entry.
-  void click(const char* name) { click(find(name)); }
-  void click(QWidget* widget);
-  void type(const char* name, const char* text);
-  void pick(const char* name, int item);
-  void menu(const char* name);
+  // The operator: a click in the middle, a whole text, an item of a list, a menu entry.
+  void click(const std::string& name);
+  void type(const std::string& name, const char* text);
+  void pick(const std::string& name, int item);
+  void menu(const std::string& name);
+  // What the operator does once events run, that many milliseconds from now.
+  void later(int milliseconds, std::function<void()> action);
+  // Answers the next message box; `text` is what it said.
+  void answerMessage(std::string& text);
 
   SteadyClock clock;
   FakePort port;
@@ -57,6 +61,26 @@ struct Bench {
   Desktop desktop;
   Platform platform{port, port, usb, host, clock, desktop};
   Program program{platform};
+
+ private:
+  [[nodiscard]] QObject* findObject(const std::string& name);
+};
+
+template <class Object>
+Object* Bench::find(const std::string& name) {
+  return dynamic_cast<Object*>(findObject(name));
+}
+
+// Shows windows in another font while it lives.
+class WithFontSize {
+ public:
+  explicit WithFontSize(double points);
+  ~WithFontSize();
+  WithFontSize(const WithFontSize&) = delete;
+  WithFontSize& operator=(const WithFontSize&) = delete;
+
+ private:
+  QFont before_;
 };
 
 }  // namespace tessarine::desktop
