@@ -26,7 +26,7 @@ void orRefuse(const Operator::Refusal& why) {
   if (why) throw Refused(*why);
 }
 
-std::string quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
+std::string inQuotes(std::string_view text) { return "\"" + std::string(text) + "\""; }
 
 std::string flag(bool on) { return on ? "1" : "0"; }
 
@@ -43,7 +43,7 @@ std::int64_t takeSpan(std::string_view& rest) {
   const std::string_view milliseconds = takeWord(rest);
   if (milliseconds.empty()) throw Malformed{};
   const auto time = microseconds(milliseconds);
-  if (!time) throw Refused(quoted(milliseconds) + " is no number of milliseconds (0 up to a year)");
+  if (!time) throw Refused(inQuotes(milliseconds) + " is no number of milliseconds (0 up to a year)");
   return *time;
 }
 
@@ -144,7 +144,7 @@ Form* Interpreter::form(std::string_view name) const {
 Control& Interpreter::control(std::string_view name) const {
   if (Control* const found = bench_.forms.find(name)) return *found;
   if (Form* const found = form(name)) return *found;
-  throw Refused("there is no control " + quoted(name));
+  throw Refused("there is no control " + inQuotes(name));
 }
 
 Control& Interpreter::model(std::string_view caption) const {
@@ -152,7 +152,7 @@ Control& Interpreter::model(std::string_view caption) const {
   for (Control* const entry : menu.children()) {
     if (entry->value() == caption && caption != "-") return *entry;
   }
-  throw Refused("the model menu has no entry " + quoted(caption));
+  throw Refused("the model menu has no entry " + inQuotes(caption));
 }
 
 BoardProbe& Interpreter::board() const {
@@ -206,7 +206,7 @@ Interpreter::Action Interpreter::prepare(std::string_view line, int number) {
       throw Refused("the command is: " + std::string(verb.usage));
     }
   }
-  throw Refused("there is no command " + quoted(word));
+  throw Refused("there is no command " + inQuotes(word));
 }
 
 Interpreter::Action Interpreter::prepareClick(std::string_view rest, int /*number*/) {
@@ -221,7 +221,7 @@ Interpreter::Action Interpreter::prepareClose(std::string_view rest, int /*numbe
   const auto names = words(rest);
   if (names.size() != 1) throw Malformed{};
   Form* const target = form(names.front());
-  if (!target) throw Refused("there is no window " + quoted(names.front()));
+  if (!target) throw Refused("there is no window " + inQuotes(names.front()));
   return [this, target] { orRefuse(bench_.door.close(*target)); };
 }
 
@@ -289,7 +289,7 @@ Interpreter::Action Interpreter::prepareExpect(std::string_view rest, int number
     const std::string value = item.value();
     const std::string shown = escaped(value);
     if (wanted == value || wanted == shown) return;
-    report(number, name + " is " + quoted(shown) + ", not " + quoted(wanted));
+    report(number, name + " is " + inQuotes(shown) + ", not " + inQuotes(wanted));
     if (status_ == kDone) status_ = kExpectFailed;
   };
 }
@@ -330,7 +330,7 @@ Interpreter::Action Interpreter::prepareAt(std::string_view rest, int number) {
   std::string_view command = rest;
   const std::string_view word = takeWord(command);
   for (const Verb& verb : kVerbs) {
-    if (verb.word == word && verb.operatorsOwn) throw Refused(quoted(word) + " has no place behind at");
+    if (verb.word == word && verb.operatorsOwn) throw Refused(inQuotes(word) + " has no place behind at");
   }
   return [this, number, span, action = prepare(rest, number)] {
     waiting_.insert(number);
