@@ -19,7 +19,7 @@ namespace {
 // At most 60 refreshes a second, and at most a twentieth of the time spent on them: a load waits through
 // events of its own, and must not wait for pictures.
 constexpr std::int64_t kLeastPause = 1'000'000'000 / 60 + 1;  // nanoseconds
-constexpr std::int64_t kMostPause = 1'000'000'000;
+constexpr std::int64_t kMostPause = 250'000'000;
 constexpr std::int64_t kCostShare = 20;
 constexpr std::int64_t kMillisecond = 1'000'000;
 
@@ -86,6 +86,9 @@ BoardWindow::BoardWindow(BoardFeed feed)
   connect(events, &QAbstractEventDispatcher::awake, this, [this] { watch(); });
 }
 
+// The pages leave one by one; none of the others is to be shown in its place.
+BoardWindow::~BoardWindow() { views_.disconnect(this); }
+
 void BoardWindow::fillHeader(QBoxLayout& column) {
   name_.setObjectName(QStringLiteral("boardChip"));
   name_.setFont(enlarged(font(), 1.5, true));
@@ -118,12 +121,12 @@ void BoardWindow::fillFaults() {
 
 // ------------------------------------------------------------------------------------------------ Refreshing
 
-bool BoardWindow::hasMoved() const {
-  return shownVersion_ != feed_.board.version() || shownAsked_ != feed_.askedMHz();
+bool BoardWindow::isUpToDate() const {
+  return shownVersion_ == feed_.board.version() && shownAsked_ == feed_.askedMHz();
 }
 
 void BoardWindow::watch() {
-  if (next_.isActive() || !isVisible() || isMinimized() || !hasMoved()) return;
+  if (next_.isActive() || !isVisible() || isMinimized() || isUpToDate()) return;
   const std::int64_t pause = std::clamp(cost_ * kCostShare, kLeastPause, kMostPause);
   const std::int64_t left = sinceRefresh_.isValid() ? pause - sinceRefresh_.nsecsElapsed() : 0;
   next_.start(static_cast<int>((std::max<std::int64_t>(left, 0) + kMillisecond - 1) / kMillisecond));
@@ -171,7 +174,7 @@ bool BoardWindow::event(QEvent* event) {
 // ------------------------------------------------------------------------------------------- Showing, hiding
 
 void BoardWindow::showEvent(QShowEvent* event) {
-  if (!std::exchange(opened_, true) && feed_.onFirstShow) feed_.onFirstShow();
+  if (!std::exchange(opened_, true)) feed_.onFirstShow();
   QWidget::showEvent(event);
   refresh();
 }
@@ -190,27 +193,28 @@ void BoardWindow::toggle() {
   raise();
 }
 
-void BoardWindow::openBeside(QWidget& other) {
-  QWindow* const handle = other.windowHandle();
-  if (handle != nullptr && handle->isExposed()) {
-    placeBeside(other);
-    setAttribute(Qt::WA_ShowWithoutActivating);
-    show();
-    if (frameGeometry().intersects(other.frameGeometry())) other.raise();
-  } else if (handle != nullptr && beside_.isNull()) {
+void BoardWindow::openBeside(QWidget* other) {
+  QWindow* const handle = other == nullptr ? nullptr : other->windowHandle();
+  if (handle == nullptr) return;
+  if (!handle->isExposed()) {
     // Only then does it have its place and its frame.
-    beside_ = &other;
-    handle->installEventFilter(this);
+    if (beside_.isNull()) handle->installEventFilter(this);
+    beside_ = other;
+    return;
   }
+  placeBeside(*other);
+  setAttribute(Qt::WA_ShowWithoutActivating);
+  show();
+  if (frameGeometry().intersects(other->frameGeometry())) other->raise();
 }
 
 bool BoardWindow::eventFilter(QObject* watched, QEvent* event) {
   if (event->type() == QEvent::Expose && !beside_.isNull() && beside_->windowHandle()->isExposed()) {
     watched->removeEventFilter(this);
-    QWidget& other = *beside_;
+    QWidget* const other = beside_;
     beside_.clear();
     // Not in the midst of the other one's event.
-    QTimer::singleShot(0, &other, [this, &other] { openBeside(other); });
+    QTimer::singleShot(0, other, [this, other] { openBeside(other); });
   }
   return QWidget::eventFilter(watched, event);
 }

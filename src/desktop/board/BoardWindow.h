@@ -29,19 +29,26 @@ struct BoardFeed {
   // The virtual board that can be made faulty; null on a real way out.
   board::VirtualBoard* virtualBoard = nullptr;
   // The output frequency that the program was last asked for, in MHz.
-  std::function<std::optional<double>()> askedMHz;
+  std::function<std::optional<double>()> askedMHz = [] { return std::optional<double>(); };
   // Called before the window shows for the first time.
-  std::function<void()> onFirstShow;
+  std::function<void()> onFirstShow = [] {};
 };
 
 class BoardWindow : public QWidget {
  public:
   explicit BoardWindow(BoardFeed feed);
+  ~BoardWindow() override;
+  BoardWindow(const BoardWindow&) = delete;
+  BoardWindow& operator=(const BoardWindow&) = delete;
 
-  // Shows the window beside `other`, which keeps the keyboard, as soon as that one is on the screen.
-  void openBeside(QWidget& other);
+  // Shows the window beside `other`, which keeps the keyboard, as soon as that one is on the screen. Null:
+  // never.
+  void openBeside(QWidget* other);
   // Shows or hides the window; another one keeps the keyboard.
   void toggle();
+
+  // False while the board has moved on since the views were last filled.
+  [[nodiscard]] bool isUpToDate() const;
 
   // Where files are saved to; a dialog asks for it unless this is changed.
   [[nodiscard]] Saving& saving() { return saving_; }
@@ -55,13 +62,13 @@ class BoardWindow : public QWidget {
   void placeBeside(const QWidget& other);
   void fillHeader(QBoxLayout& column);
   void fillFaults();
-  [[nodiscard]] bool hasMoved() const;
   void watch();
   void refresh();
   void takeHeader();
 
   BoardFeed feed_;
   Saving saving_;
+  QTabWidget views_;  // outlives its pages, which it would delete
   ChipView chip_;
   RegisterView registers_;
   WireView wire_;
@@ -72,7 +79,6 @@ class BoardWindow : public QWidget {
   LockSign lock_;
   QLabel faultCaption_{QStringLiteral("&Fault")};
   QComboBox fault_;
-  QTabWidget views_;
   QLabel status_;
 
   QPointer<QWidget> beside_;  // to open beside, when it is on the screen

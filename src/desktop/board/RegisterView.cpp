@@ -47,6 +47,7 @@ RegisterView::RegisterView() {
 }
 
 void RegisterView::take(const board::EvaluationBoard& board, std::optional<double> /*askedMHz*/) {
+  board_ = &board;
   const board::Chip* const chip = board.chip();
   const board::ChipModel* const model = chip == nullptr ? nullptr : &chip->model();
   if (model != model_) {
@@ -143,13 +144,12 @@ void RegisterView::mark(QTreeWidgetItem& item, bool changed) const {
 }
 
 void RegisterView::changeEvent(QEvent* event) {
-  // The lines carry colours and faces of their own.
-  if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange) {
-    model_ = nullptr;
-    registers_.clear();
-    tree_.clear();
-  }
   BoardView::changeEvent(event);
+  // The lines carry colours and faces of their own.
+  const bool looksElse = event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange;
+  if (!looksElse || board_ == nullptr) return;
+  build(board_->chip());
+  take(*board_, {});
 }
 
 }  // namespace tessarine::desktop

@@ -44,6 +44,7 @@ class RegisterView : public BoardView {
   void mark(QTreeWidgetItem& item, bool changed) const;
 
   QTreeWidget tree_;
+  const board::EvaluationBoard* board_ = nullptr;  // the one last taken
   const board::ChipModel* model_ = nullptr;
   std::vector<RegisterLines> registers_;
 };

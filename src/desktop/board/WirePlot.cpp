@@ -15,6 +15,8 @@ namespace tessarine::desktop {
 namespace {
 
 constexpr double kShortestSpan = 8;  // microseconds
+// Far less than a microsecond and far more than what places are rounded by.
+constexpr double kHair = 1e-4;
 constexpr double kScaleBarPixels = 140;
 constexpr std::size_t kBitsOfAPart = 32;
 
@@ -84,7 +86,7 @@ void WirePlot::refold() {
 
 std::optional<std::int64_t> WirePlot::cursorTime() const {
   if (!cursor() || stretch_.empty()) return {};
-  return std::llround(std::floor(time_.time(*cursor())));
+  return std::llround(std::floor(time_.time(*cursor() + kHair)));
 }
 
 QString WirePlot::cursorText() const {
@@ -98,13 +100,12 @@ QString WirePlot::cursorText() const {
 }
 
 std::optional<double> WirePlot::nextChange(double place, int direction) const {
-  // The levels belong to the change from its time on: half a microsecond tells neighbours apart.
   if (direction > 0) {
-    const auto next = std::ranges::upper_bound(places_, place + 0.5);
-    return next == places_.end() ? std::optional<double>{} : *next + 0.25;
+    const auto next = std::ranges::upper_bound(places_, place + kHair);
+    return next == places_.end() ? std::optional<double>{} : *next;
   }
-  const auto next = std::ranges::lower_bound(places_, place - 0.5);
-  return next == places_.begin() ? std::optional<double>{} : *(next - 1) + 0.25;
+  const auto next = std::ranges::lower_bound(places_, place - kHair);
+  return next == places_.begin() ? std::optional<double>{} : *(next - 1);
 }
 
 QRectF WirePlot::area() const {
