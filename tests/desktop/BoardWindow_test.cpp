@@ -13,6 +13,7 @@
 #include <QTreeWidget>
 #include <QWheelEvent>
 #include <cstdio>
+#include <ctime>
 #include <fstream>
 #include <set>
 #include <stdexcept>
@@ -28,6 +29,7 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+using ::testing::IsSupersetOf;
 using ::testing::StartsWith;
 
 enum View { kChip, kRegisters, kWire, kFrequency };
@@ -199,22 +201,40 @@ TEST(WireView, TheCursorTellsTimeAndLevelsFromChangeToChange) {
   plot->setFocus();
   plot->setCursorPlace({});
   std::size_t rises = 0;
+  std::set<std::string> fields;
   for (std::size_t index = 0; index < stretch.changes.size(); ++index) {
     SCOPED_TRACE(index);
     QTest::keyClick(plot, Qt::Key_Right, Qt::ShiftModifier);
     const auto& change = stretch.changes[index];
     ASSERT_EQ(plot->cursorTime(), change.time);
+    const std::string told = desk.label("wireCursor");
+    if (const auto colon = told.find(": "); colon != std::string::npos)
+      fields.insert(told.substr(told.rfind("   ", colon) + 3));
     const auto digit = [](bool level) { return level ? "1" : "0"; };
-    EXPECT_THAT(desk.label("wireCursor"),
-                HasSubstr(std::string("CLOCK ") + digit(change.levels.clock) + "   DATA " +
-                          digit(change.levels.data) + "   LE " + digit(change.levels.loadEnable)));
+    EXPECT_THAT(told, HasSubstr(std::string("CLOCK ") + digit(change.levels.clock) + "   DATA " +
+                                digit(change.levels.data) + "   LE " + digit(change.levels.loadEnable)));
     if (change.levels.loadEnable && !stretch.levelsAt(change.time - 1).loadEnable) {
       EXPECT_EQ(change.time, stretch.words[rises++].latchTime);
     }
   }
   EXPECT_EQ(rises, 3U);
+  EXPECT_THAT(fields, IsSupersetOf({"R: R = 50", "N: B = 562", "N: A = 4", "function: prescaler = 0 (8/9)",
+                                    "function: muxout = 1 (digital lock detect)"}));
   QTest::keyClick(plot, Qt::Key_Left, Qt::ShiftModifier);
   EXPECT_EQ(plot->cursorTime(), stretch.changes[stretch.changes.size() - 2].time);
+}
+
+// The pulses went to the chip that was there before.
+TEST(WireView, AnotherChipMakesNoWordUnlatched) {
+  BoardDesk desk;
+  desk.show(kWire);
+  desk.load();
+  desk.pick("ADF4193");
+  desk.settle();
+  const WireStretch& stretch = desk.find<WirePlot>("wirePlot")->stretch();
+  EXPECT_TRUE(stretch.words.empty());
+  EXPECT_THAT(stretch.looseBits, IsEmpty());
+  EXPECT_FALSE(stretch.empty());
 }
 
 TEST(WireView, ALaterLoadTakesThePlaceOfTheFirst) {
@@ -414,6 +434,32 @@ TEST(BoardWindow, TenThousandSendsAreBoundedInPaintingAndMemory) {
 #endif
   EXPECT_LE(desk.port.board().trace().size(), board::WireTrace::kCapacity);
   EXPECT_LE(desk.find<WirePlot>("wirePlot")->stretch().changes.size(), WireStretch::kMostChanges);
+}
+
+// Without waits, a load is all computing: a real one, which waits most of its time, is slowed far less.
+TEST(BoardWindow, SlowsLoadsByNoMoreThanATwentieth) {
+  BoardDesk desk;
+  desk.load("900");
+  desk.show(kWire);
+  constexpr int kSends = 250;
+  constexpr int kRounds = 8;
+  std::clock_t shown = 0;
+  std::clock_t hidden = 0;
+  for (int round = 0; round < kRounds; ++round) {
+    for (const bool visible : {true, false}) {
+      desk.window.setVisible(visible);
+      QTest::qWait(50);
+      const std::clock_t start = std::clock();
+      for (int send = 0; send < kSends; ++send) {
+        desk.set("VCOText", send % 2 == 0 ? "900" : "925.2");
+        desk.click("AllCommand");
+      }
+      (visible ? shown : hidden) += std::clock() - start;
+    }
+  }
+  const double ratio = static_cast<double>(shown) / static_cast<double>(hidden);
+  RecordProperty("ratio", std::to_string(ratio));
+  EXPECT_LT(ratio, 1.05 + 0.05) << "of which 0.05 is what the measurement may err by";
 }
 
 TEST(BoardWindow, RunsNoTimerWhileNothingMovesAndNoneWhileHidden) {

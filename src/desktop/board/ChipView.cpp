@@ -44,7 +44,8 @@ ChipView::ChipView()
   for (Card* const card : {&frequencies_, &loop_, &lock_}) cards->addWidget(card, 1);
   auto* const column = new QVBoxLayout(this);
   column->addWidget(&diagram_);
-  column->addLayout(cards, 1);
+  column->addLayout(cards);
+  column->addStretch(1);
   QFont bold = font();
   bold.setBold(true);
   output_.setFont(bold);

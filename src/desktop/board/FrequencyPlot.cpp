@@ -35,6 +35,34 @@ struct Column {
   }
 };
 
+// Fills columns of pixels; equal neighbours in one go.
+class Columns {
+ public:
+  explicit Columns(QPainter& painter) : painter_(painter) {}
+  ~Columns() { flush(); }
+  Columns(const Columns&) = delete;
+  Columns& operator=(const Columns&) = delete;
+
+  void add(const QRectF& column, const QColor& color) {
+    const bool same = column.left() == run_.right() && column.top() == run_.top() &&
+                      column.bottom() == run_.bottom() && color == color_;
+    if (same) {
+      run_.setRight(column.right());
+      return;
+    }
+    flush();
+    run_ = column;
+    color_ = color;
+  }
+
+ private:
+  void flush() { painter_.fillRect(run_, color_); }
+
+  QPainter& painter_;
+  QRectF run_;
+  QColor color_;
+};
+
 }  // namespace
 
 FrequencyPlot::FrequencyPlot(const board::EvaluationBoard& board) : PlotWidget(kShortestSpan), board_(board) {
@@ -89,7 +117,7 @@ std::optional<double> FrequencyPlot::nextChange(double place, int direction) con
 
 QRectF FrequencyPlot::area() const {
   const double line = fontMetrics().height();
-  const double gutter = fontMetrics().horizontalAdvance(QStringLiteral("00000.0000")) + 12;
+  const double gutter = fontMetrics().averageCharWidth() * 11 + 12;
   return QRectF(rect()).adjusted(gutter, line * 1.6, -line * 1.2, -(line * 1.8 + kStrip));
 }
 
@@ -166,6 +194,8 @@ void FrequencyPlot::drawCurve(QPainter& painter, const Scale& scale) const {
   std::size_t next = countUntil(span().from());
   std::optional<FrequencyPoint> current;
   if (next > 0) current = history()[next - 1];
+  Columns curve(painter);
+  Columns lock(painter);
   for (double x = scale.box.left(); x < end; x += pixel) {
     Column column;
     if (current) column.take(*current);
@@ -175,11 +205,12 @@ void FrequencyPlot::drawCurve(QPainter& painter, const Scale& scale) const {
       column.take(*current);
     }
     if (!current) continue;
-    painter.fillRect(QRectF(x, strip.top(), pixel, strip.height()), column.locked ? signs.good : signs.bad);
+    lock.add({QPointF(x, strip.top()), QPointF(x + pixel, strip.bottom())},
+             column.locked ? signs.good : signs.bad);
     if (!column.any) continue;
     const double top = scale.y(column.high) - stroke / 2;
     const double bottom = scale.y(column.low) + stroke / 2;
-    painter.fillRect(QRectF(x, top, pixel, bottom - top), column.locked ? tones.accent : signs.bad);
+    curve.add({QPointF(x, top), QPointF(x + pixel, bottom)}, column.locked ? tones.accent : signs.bad);
   }
 }
 

@@ -58,7 +58,7 @@ void LoopDiagram::take(const board::Tuning& tuning) {
       .r = dividerText(tuning, "R"),
       .detector = orNone(tuning.detectorMHz),
       .n = dividerText(tuning, "N"),
-      .output = tuning.outputMHz ? megahertzText(*tuning.outputMHz) : QStringLiteral("none"),
+      .output = orNone(tuning.outputMHz),
       .locked = tuning.locked()};
   if (texts == texts_) return;
   texts_ = texts;

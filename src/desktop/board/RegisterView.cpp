@@ -76,6 +76,7 @@ void RegisterView::build(const board::Chip* chip) {
     RegisterLines lines{
         .head = &addLine(*tree_.invisibleRootItem()), .spec = &spec, .fields = {}, .shown = {}};
     lines.head->setText(kName, text(spec.name));
+    lines.head->setSizeHint(kName, {0, fontMetrics().height() * 5 / 4});
     lines.head->setText(kBits, bitRange(0, spec.width));
     std::vector<const board::Field*> fields;
     for (const board::Field& field : spec.fields) fields.push_back(&field);

@@ -17,12 +17,14 @@ namespace {
 constexpr double kShortestSpan = 8;  // microseconds
 // Far less than a microsecond and far more than what places are rounded by.
 constexpr double kHair = 1e-4;
+constexpr double kLoneBit = 2;  // half the room of a bit without neighbours, in microseconds
 constexpr double kScaleBarPixels = 140;
 constexpr std::size_t kBitsOfAPart = 32;
 
-// The first of `texts` that fits the box; none if even the last is too long.
-void drawFitting(QPainter& painter, const QRectF& box, std::initializer_list<QString> texts) {
+// The first of `texts` that fits what is seen of the box; none if even the last is too long.
+void drawFitting(QPainter& painter, const QRectF& whole, std::initializer_list<QString> texts) {
   const QFontMetricsF metrics(painter.font());
+  const QRectF box = whole.intersected(painter.clipBoundingRect());
   for (const QString& candidate : texts) {
     if (metrics.horizontalAdvance(candidate) + 4 > box.width()) continue;
     painter.drawText(box, Qt::AlignCenter, candidate);
@@ -96,7 +98,30 @@ QString WirePlot::cursorText() const {
   const board::Levels levels = stretch_.levelsAt(*time);
   for (const WireLook& wire : kWires)
     line += QStringLiteral("   %1 %2").arg(QLatin1String(wire.name)).arg(levels.*wire.level ? 1 : 0);
-  return line;
+  const QString field = fieldText(*time);
+  return field.isEmpty() ? line : line + QStringLiteral("   ") + field;
+}
+
+QString WirePlot::fieldText(std::int64_t time) const {
+  for (const board::LoadedWord& word : stretch_.words) {
+    const board::Register* const spec = stretch_.registerOf(word);
+    if (spec == nullptr || word.bitTimes.empty()) continue;
+    // A bit's room reaches from the middle between two clock edges to the next middle.
+    const double at = time_.place(time);
+    const double half = halfBit(word.bitTimes);
+    for (const board::FieldSpan& span : board::fieldSpans(word, *spec)) {
+      if (at < time_.place(span.firstBit) - half || at >= time_.place(span.lastBit) + half) continue;
+      const QString meaning = text(span.field->meaning(word.word));
+      return QStringLiteral("%1: %2 = %3").arg(text(spec->name), text(span.field->name)).arg(span.value) +
+             (meaning.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(meaning));
+    }
+  }
+  return {};
+}
+
+double WirePlot::halfBit(const std::vector<std::int64_t>& times) const {
+  if (times.size() < 2) return kLoneBit;
+  return (time_.place(times.back()) - time_.place(times.front())) / static_cast<double>(times.size() - 1) / 2;
 }
 
 std::optional<double> WirePlot::nextChange(double place, int direction) const {
@@ -109,7 +134,7 @@ std::optional<double> WirePlot::nextChange(double place, int direction) const {
 }
 
 QRectF WirePlot::area() const {
-  const double gutter = fontMetrics().horizontalAdvance(QStringLiteral("CLOCK")) + 22;
+  const double gutter = fontMetrics().averageCharWidth() * 8 + 22;
   const double pad = fontMetrics().height() * 0.6;
   return QRectF(rect()).adjusted(gutter, pad, -pad, -pad);
 }
@@ -171,43 +196,41 @@ void WirePlot::drawWires(QPainter& painter, const Rows& rows, const Pens& pens) 
     painter.setPen(color);
     painter.drawText(QRectF(12, rows.high(index), area().left() - 16, rows.low(index) - rows.high(index)),
                      Qt::AlignLeft | Qt::AlignVCenter, QLatin1String(wire.name));
-    painter.setPen(QPen(color, 1.5));
     drawWire(painter, wire.level, rows.high(index), rows.low(index));
   }
 }
 
 void WirePlot::drawWire(QPainter& painter, bool board::Levels::*wire, double high, double low) const {
   const QRectF box = area();
+  const double stroke = 1.5;
+  const QColor color = painter.pen().color();
+  // Filled rectangles: a stroked line of so many corners takes the toolkit ten times as long.
+  const auto fill = [&](double left, double right, double top, double bottom) {
+    painter.fillRect(QRectF(left, top, right - left + stroke, bottom - top + stroke), color);
+  };
   const auto yOf = [&](const board::Levels& levels) { return levels.*wire ? high : low; };
   const auto first = std::ranges::lower_bound(places_, span().from());
   auto index = static_cast<std::size_t>(first - places_.begin());
   double y = yOf(index == 0 ? stretch_.before : stretch_.changes[index - 1].levels);
-  QPolygonF line{{box.left(), y}};
-  // Edges that share a column of pixels with two earlier ones would show no more than those do.
-  double column = -1;
-  int edges = 0;
+  double x = box.left();
   for (; index < places_.size() && places_[index] <= span().to(); ++index) {
     const double next = yOf(stretch_.changes[index].levels);
     if (next == y) continue;
-    const double x = std::floor(xOf(places_[index])) + 0.5;
-    edges = x == column ? edges + 1 : 1;
-    column = x;
-    if (edges <= 2) line << QPointF(x, y) << QPointF(x, next);
+    // Edges within one column of pixels fall on one line.
+    const double edge = std::floor(xOf(places_[index]));
+    if (edge > x || x == box.left()) {
+      fill(x, edge, y, y);
+      fill(edge, edge, high, low);
+    }
+    x = edge;
     y = next;
   }
-  line << QPointF(std::max(column, line.back().x()), y) << QPointF(box.right(), y);
-  painter.drawPolyline(line);
+  fill(x, box.right(), y, y);
 }
 
 WirePlot::Bits WirePlot::bitsOf(const std::vector<std::int64_t>& times) const {
-  Bits bits;
-  const double left = xAt(times.front());
-  const double right = xAt(times.back());
-  const double count = static_cast<double>(times.size());
-  bits.half = times.size() > 1 ? (right - left) / (count - 1) / 2 : 2;
-  bits.left = left - bits.half;
-  bits.right = right + bits.half;
-  return bits;
+  const double half = halfBit(times) * area().width() / span().length();
+  return {xAt(times.front()) - half, xAt(times.back()) + half, half};
 }
 
 void WirePlot::drawBitValues(QPainter& painter, const Rows& rows,

@@ -23,7 +23,7 @@ class WirePlot : public PlotWidget {
   [[nodiscard]] const WireStretch& stretch() const { return stretch_; }
   // The time under the cursor, in microseconds of the trace.
   [[nodiscard]] std::optional<std::int64_t> cursorTime() const;
-  // "12 µs   CLOCK 1   DATA 0   LE 0", with the time since the beginning of the stretch.
+  // "12 µs   CLOCK 1   DATA 0   LE 0   N: B = 562", with the time since the beginning of the stretch.
   [[nodiscard]] QString cursorText() const;
 
   [[nodiscard]] QRectF area() const override;
@@ -45,7 +45,11 @@ class WirePlot : public PlotWidget {
   [[nodiscard]] Rows rows() const;
   [[nodiscard]] double xAt(std::int64_t time) const { return xOf(time_.place(time)); }
   [[nodiscard]] bool shows(double left, double right) const;
+  // Half of the room that a bit has, as a length of places.
+  [[nodiscard]] double halfBit(const std::vector<std::int64_t>& times) const;
   [[nodiscard]] Bits bitsOf(const std::vector<std::int64_t>& times) const;
+  // "N: B = 562" for the field whose bits are on the wire at that time; empty between words.
+  [[nodiscard]] QString fieldText(std::int64_t time) const;
   void refold();
 
   void drawFolds(QPainter& painter, const Rows& rows, const Pens& pens) const;

@@ -54,12 +54,11 @@ WireStretch lastStretch(const EvaluationBoard& board) {
   }
 
   if (first > 0) stretch.before = trace[first - 1].levels;
-  const std::int64_t lastLatch = stretch.words.empty() ? -1 : stretch.words.back().latchTime;
   Levels previous = stretch.before;
   for (std::size_t index = first; index < trace.size(); ++index) {
     const WireTrace::Change& change = trace[index];
-    if (change.levels.clock && !previous.clock && change.time > lastLatch)
-      stretch.looseBits.push_back(change.time);
+    if (change.levels.loadEnable && !previous.loadEnable) stretch.looseBits.clear();
+    if (change.levels.clock && !previous.clock) stretch.looseBits.push_back(change.time);
     previous = change.levels;
     stretch.changes.push_back(change);
   }

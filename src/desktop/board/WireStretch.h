@@ -17,7 +17,7 @@ struct WireStretch {
   std::vector<board::WireTrace::Change> changes;  // oldest first
   std::int64_t end = 0;                           // the last write
   std::vector<board::LoadedWord> words;           // latched within the stretch
-  std::vector<std::int64_t> looseBits;            // rising clock edges since the last latch
+  std::vector<std::int64_t> looseBits;            // rising clock edges since the last load pulse
   const board::ChipMap* map = nullptr;            // of the chip on the board; null: none
 
   [[nodiscard]] bool empty() const { return changes.empty(); }
