@@ -10,9 +10,9 @@
 #include <vector>
 
 #include "apps/BoardCable.h"
+#include "apps/BoardTap.h"
 #include "apps/VirtualHost.h"
 #include "board/NumberText.h"
-#include "board/WireTap.h"
 #include "platform/linux/LeaveOnSignal.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "script/Interpreter.h"
@@ -163,24 +163,21 @@ int runOnHardware(const Script& script, const std::string& tracePath) {
     std::cerr << "tessarine-script: " << why << std::endl;
     told = why;
   };
-  Program* wired = nullptr;
-  board::WireTap tap(host.driver, host.library, host.usb,
-                     [&wired] { return wired != nullptr ? wiringOf(*wired) : board::Cable(); });
-  board::EvaluationBoard wires({[&time] { return time.now(); }, [] { return 0.0; }});
+  BoardTap tap(host.with(screen), [&time] { return time.now(); });
   TraceFile trace;
   if (!tracePath.empty()) {
-    if (!trace.start(tracePath, wires)) return failed(tracePath + " cannot be written");
-    tap.listen(&wires);
+    if (!trace.start(tracePath, tap.board())) return failed(tracePath + " cannot be written");
+    tap.listen();
   }
 
-  Platform platform{tap, tap, tap, host.host, host.clock, screen};
+  Platform platform = tap.platform();
   Program program(platform);
-  wired = &program;
+  tap.connect(program);
   program.start();
   Interpreter interpreter({program.forms, program.door, screen, nullptr, std::cout, std::cerr}, *script.text,
                           script.name);
   const int status = interpreter.run();
-  return trace.finish(wires) ? status : failed(tracePath + " cannot be written in full");
+  return trace.finish(tap.board()) ? status : failed(tracePath + " cannot be written in full");
 }
 
 // The text of a file; nothing if it cannot be read.

@@ -1,7 +1,10 @@
 // The program on this host's own ways out: its parallel port, or a USB module.
 #include <QApplication>
 
+#include "apps/BoardTap.h"
+#include "apps/SteadyTime.h"
 #include "desktop/Desktop.h"
+#include "desktop/board/BoardWindow.h"
 #include "platform/linux/LeaveOnSignal.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "window/Program.h"
@@ -18,8 +21,14 @@ int main(int argc, char** argv) {
   desktop.remark = [&host](const std::string& text) {
     return text.starts_with("Error with Output Port Address ") ? host.whyNotOpen() : std::string();
   };
-  Platform platform = host.with(desktop);
+  BoardTap tap(host.with(desktop), steadyMicroseconds);
+  Platform platform = tap.platform();
   Program program(platform);
+  tap.connect(program);
+  desktop::BoardWindow boardWindow({.board = tap.board(),
+                                    .askedMHz = [&] { return tap.askedMHz(); },
+                                    .onFirstShow = [&] { tap.listen(); }});
+  const desktop::BoardKey boardKey(boardWindow);
   desktop.run(program.forms, program.door, [&] { program.start(); });
   return 0;
 }

@@ -1,0 +1,31 @@
+#include "desktop/board/Saving.h"
+
+#include <QDir>
+#include <QFileDialog>
+#include <QSaveFile>
+#include <QSettings>
+
+namespace tessarine::desktop {
+
+void Saving::save(QWidget& parent, const FileKind& kind, const QByteArray& bytes) const {
+  const QString path = ask(parent, kind);
+  if (path.isEmpty()) return;
+  // A full disk or a lost folder leaves an older file of this name as it was.
+  QSaveFile file(path);
+  const bool saved = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+  const QString shown = QDir::toNativeSeparators(path);
+  tell(saved ? QStringLiteral("Saved %1").arg(shown)
+             : QStringLiteral("Could not save %1: %2").arg(shown, file.errorString()));
+}
+
+QString askWithDialog(QWidget& parent, const FileKind& kind) {
+  // The dialog would keep its size and its last folders in the operator's home; the program keeps nothing.
+  QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
+  QFileDialog dialog(&parent, kind.title, QDir::currentPath(), kind.filter);
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setDefaultSuffix(kind.suffix);
+  dialog.selectFile(kind.suggested);
+  return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+}  // namespace tessarine::desktop

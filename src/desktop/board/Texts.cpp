@@ -1,0 +1,49 @@
+#include "desktop/board/Texts.h"
+
+#include <cmath>
+
+#include "board/NumberText.h"
+
+namespace tessarine::desktop {
+
+QString fixedText(double value, int decimals) { return text(board::fixedText(value, decimals)); }
+
+QString shortText(double value) { return text(board::shortText(value)); }
+
+QString megahertzText(double megahertz) { return fixedText(megahertz, 6) + QStringLiteral(" MHz"); }
+
+QString frequencyText(double megahertz) {
+  if (megahertz >= 1) return shortText(megahertz) + QStringLiteral(" MHz");
+  if (megahertz >= 1e-3) return shortText(megahertz * 1e3) + QStringLiteral(" kHz");
+  return shortText(megahertz * 1e6) + QStringLiteral(" Hz");
+}
+
+QString offsetText(double hertz) {
+  const double tenths = std::round(hertz * 10) / 10;
+  if (tenths == 0) return QStringLiteral("0.0 Hz");
+  return (tenths > 0 ? QStringLiteral("+") : QString()) + fixedText(tenths, 1) + QStringLiteral(" Hz");
+}
+
+QString timeText(double microseconds) {
+  const double size = std::abs(microseconds);
+  const auto rounded = [](double value) { return shortText(std::round(value * 1000) / 1000); };
+  if (size < 1e3) return rounded(microseconds) + QStringLiteral(" µs");
+  if (size < 1e6) return rounded(microseconds / 1e3) + QStringLiteral(" ms");
+  return rounded(microseconds / 1e6) + QStringLiteral(" s");
+}
+
+QString groupedBinary(std::uint32_t bits, int width) {
+  const std::string plain = board::binaryText(bits, width);
+  std::string grouped;
+  for (std::size_t index = 0; index < plain.size(); ++index) {
+    if (index > 0 && (plain.size() - index) % 4 == 0) grouped += ' ';
+    grouped += plain[index];
+  }
+  return text(grouped);
+}
+
+QString hexText(std::uint32_t bits, int width) {
+  return QStringLiteral("0x") + text(board::hexText(bits, width));
+}
+
+}  // namespace tessarine::desktop

@@ -1,0 +1,110 @@
+// The program on a virtual board with the board's window on the screen. Waits take no real time, and let
+// events of the screen run as the program on a screen does.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QCoreApplication>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+#include <optional>
+#include <string>
+
+#include "board/VirtualBoard.h"
+#include "desktop/board/BoardWindow.h"
+#include "engine/PLL.h"
+#include "support/FakePlatform.h"
+#include "window/Program.h"
+
+namespace tessarine::desktop {
+
+class EventfulScreen : public FakeScreen {
+ public:
+  using FakeScreen::FakeScreen;
+  void processEvents() override {
+    QCoreApplication::processEvents();
+    FakeScreen::processEvents();
+  }
+};
+
+struct BoardDesk {
+  BoardDesk() {
+    host.host.version.reset();  // a host that needs no driver and so no wait for one
+    program.start();
+    click("IOOption(0)");
+    click("ContinueCommand");
+    window.saving().ask = [this](QWidget&, const FileKind& kind) { return folder.filePath(kind.suggested); };
+    window.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+  }
+
+  // The operator at the control window.
+  void click(const char* name) { expectDone(program.door.click(*program.forms.find(name))); }
+  void set(const char* name, const char* value) {
+    expectDone(program.door.set(*program.forms.find(name), value));
+  }
+  void pick(const std::string& model) {
+    for (auto& [index, entry] : program.window.pllM.members()) {
+      if (entry.Caption == model) expectDone(program.door.click(entry));
+    }
+    port.board().plug(model);
+  }
+  void tune(const char* megahertz) {
+    set("RefText", "10");
+    set("CompText", "200");
+    set("PrescalarText", "8/9");
+    set("VCOText", megahertz);
+  }
+  // A chip at 900 MHz, then silence enough to end the load.
+  void load(const char* megahertz = "900", const std::string& model = "ADF4113") {
+    pick(model);
+    tune(megahertz);
+    click("AllCommand");
+    rest();
+  }
+  void rest() {
+    host.clock.elapsed += board::EvaluationBoard::kPauseMicroseconds;
+    settle();
+  }
+
+  // Lets the window catch up.
+  void settle() {
+    EXPECT_TRUE(QTest::qWaitFor([this] { return window.isUpToDate(); }));
+    QTest::qWait(1);
+  }
+  void show(int view) {
+    find<QTabWidget>("boardViews")->setCurrentIndex(view);
+    settle();
+  }
+  template <class Widget>
+  [[nodiscard]] Widget* find(const char* name) {
+    for (QWidget* const widget : window.findChildren<QWidget*>(QString::fromLatin1(name))) {
+      if (auto* const found = dynamic_cast<Widget*>(widget)) return found;
+    }
+    ADD_FAILURE() << "no widget " << name;
+    return nullptr;
+  }
+  [[nodiscard]] std::string label(const char* name) { return find<QLabel>(name)->text().toStdString(); }
+  [[nodiscard]] QByteArray saved(const char* name) const {
+    QFile file(folder.filePath(QString::fromLatin1(name)));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+  }
+
+  static void expectDone(const forms::Operator::Refusal& refusal) { EXPECT_FALSE(refusal) << *refusal; }
+
+  QTemporaryDir folder;
+  FakePlatform host;
+  EventfulScreen screen{host.clock};
+  double referenceMHz = 10;
+  board::VirtualBoard port{{[this] { return host.clock.elapsed; }, [this] { return referenceMHz; }},
+                           [] { return board::Cable{}; }};
+  Platform platform{port, port, port, host.host, host.clock, screen};
+  Program program{platform};
+  BoardWindow window{{.board = port.board(), .virtualBoard = &port, .askedMHz = [this] {
+                        const double asked = program.module.ThePLL().Fvco;
+                        return asked > 0 ? std::optional<double>(asked) : std::nullopt;
+                      }}};
+};
+
+}  // namespace tessarine::desktop
