@@ -182,6 +182,7 @@ void BoardWindow::toggle() {
     hide();
     return;
   }
+  QWidget* const before = QApplication::activeWindow();
   setAttribute(Qt::WA_ShowWithoutActivating);
   if (isMinimized()) {
     showNormal();
@@ -189,6 +190,8 @@ void BoardWindow::toggle() {
     show();
   }
   raise();
+  // Some window managers hand the keyboard to whatever opens.
+  if (before && before != this) before->activateWindow();
 }
 
 void BoardWindow::openBeside(QWidget* other) {
