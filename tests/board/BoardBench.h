@@ -2,12 +2,34 @@
 #pragma once
 
 #include <cstdint>
+#include <sstream>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "board/VirtualBoard.h"
 
 namespace tessarine::board {
+
+struct Word {
+  std::uint32_t bits;
+  int width;
+};
+using Words = std::vector<Word>;
+
+// Words as text: "038092/24 C8/24".
+inline Words operator""_w(const char* text, std::size_t) {
+  std::istringstream in(text);
+  Words words;
+  Word word{};
+  for (char slash = 0; in >> std::hex >> word.bits >> slash >> std::dec >> word.width;) words.push_back(word);
+  return words;
+}
+
+// 900 MHz from 10 MHz: R 50, N 4500.
+inline const Words kSet4113 = "038092/24 0000C8/24 023211/24"_w;
+inline const Words kSet2326 = "001092/21 0000C8/21 104651/21"_w;
+inline const Words kSet2325 = "08065/19 08C28/19"_w;
 
 class BoardBench {
  public:
@@ -35,11 +57,13 @@ class BoardBench {
     microseconds += 10'000;
   }
 
-  // The same for a word given by its value.
-  void load(std::uint32_t word, int width) {
+  void load(const Word& word) {
     std::string bits;
-    for (int bit = width - 1; bit >= 0; --bit) bits += (word >> bit & 1U) != 0 ? '1' : '0';
+    for (int bit = word.width - 1; bit >= 0; --bit) bits += (word.bits >> bit & 1U) != 0 ? '1' : '0';
     load(bits);
+  }
+  void load(const Words& words) {
+    for (const Word& word : words) load(word);
   }
 
   [[nodiscard]] std::uint32_t field(std::string_view registerName, std::string_view fieldName) {

@@ -69,21 +69,15 @@ TEST(WireTrace, FindsTheChangesOfAStretchOfTime) {
   WireTrace trace(4);
   for (int time = 0; time < 60; time += 10) trace.record(time, {.clock = time % 20 == 10});
   EXPECT_EQ(trace[0].time, 20);
-  EXPECT_EQ(trace.countBefore(0), 0U);
-  EXPECT_EQ(trace.countBefore(30), 1U);
-  EXPECT_EQ(trace.countBefore(31), 2U);
-  EXPECT_EQ(trace.countBefore(1000), 4U);
+  for (const auto& [time, count] : {std::pair{0, 0U}, {30, 1U}, {31, 2U}, {1000, 4U}})
+    EXPECT_EQ(trace.countBefore(time), count) << time;
   trace.record(100, {.clock = true});  // no change
   EXPECT_EQ(trace[3].time, 50);
 }
 
 TEST(EvaluationBoard, AClockThatStandsStillStillMovesTheTrace) {
   BoardBench bench;
-  EXPECT_EQ(bench.board().now(), 0);
-  bench.write(0);
-  EXPECT_EQ(bench.board().lastWrite(), 0);
-  bench.write(0);
-  bench.write(0);
+  for (int write = 0; write < 3; ++write) bench.write(0);
   EXPECT_EQ(bench.board().lastWrite(), 2);
   bench.microseconds += 500;
   EXPECT_EQ(bench.board().now(), 500);
@@ -94,8 +88,7 @@ TEST(EvaluationBoard, AClockThatStandsStillStillMovesTheTrace) {
 TEST(EvaluationBoard, RecordsTheFrequencyOnlyWhenItChanges) {
   BoardBench bench("LMX2325");
   for (int turn = 0; turn < 3; ++turn) {
-    bench.load("0001000000001100101");
-    bench.load("0001000110000101000");  // 900 MHz
+    bench.load(kSet2325);  // 900 MHz
   }
   bench.load("0001000110000101010");  // A 21: 900.2 MHz
   bench.board().plug("LMX2320");
@@ -115,9 +108,7 @@ TEST(EvaluationBoard, RecordsTheFrequencyOnlyWhenItChanges) {
 
 TEST(EvaluationBoard, TheLastLoadIsWhatCameSinceTheLastPause) {
   BoardBench bench("ADF4113");
-  bench.load("000000111000000010010010");
-  bench.load("000000000000000011001000");
-  bench.load("000000100011001000010001");
+  bench.load(kSet4113);
   const EvaluationBoard& board = bench.board();
   ASSERT_EQ(board.lastLoad().size(), 3U);
   const LoadedWord& first = board.lastLoad()[0];
@@ -159,8 +150,7 @@ TEST(EvaluationBoard, FieldsAreFoundOnTheWire) {
 TEST(EvaluationBoard, ARegisterThatComesAgainBeginsANewLoad) {
   BoardBench bench("LMX2325");
   for (int turn = 0; turn < 4; ++turn) {
-    bench.load("0001000000001100101");
-    bench.load("0001000110000101000");
+    bench.load(kSet2325);
     bench.load("");  // the port's strobe on top of the interface's own pulse
   }
   EXPECT_EQ(bench.board().lastLoad().size(), 3U);
@@ -169,7 +159,7 @@ TEST(EvaluationBoard, ARegisterThatComesAgainBeginsANewLoad) {
 
 TEST(EvaluationBoard, AnyNumberOfLoadsStaysBounded) {
   BoardBench bench;  // without a chip no register comes again
-  for (int turn = 0; turn < 10'000; ++turn) bench.load(static_cast<std::uint32_t>(turn), 24);
+  for (int turn = 0; turn < 10'000; ++turn) bench.load(Word{static_cast<std::uint32_t>(turn), 24});
   EXPECT_EQ(bench.board().lastLoad().size(), EvaluationBoard::kLoadWords);
   EXPECT_EQ(bench.board().lastLoad().back().bits, "000000000010011100001111");
   EXPECT_EQ(bench.board().trace().size(), WireTrace::kCapacity);
@@ -178,14 +168,12 @@ TEST(EvaluationBoard, AnyNumberOfLoadsStaysBounded) {
 
 TEST(EvaluationBoard, TheVersionRisesWithEachChange) {
   BoardBench bench("ADF4113");
-  const auto idle = bench.board().version();
-  bench.write(0);
-  const auto first = bench.board().version();
-  EXPECT_GT(first, idle);
-  bench.write(0);
-  EXPECT_EQ(bench.board().version(), first);
-  bench.write(2);
-  EXPECT_GT(bench.board().version(), first);
+  auto before = bench.board().version();
+  for (const auto& [lines, changes] : {std::pair{0U, true}, {0U, false}, {2U, true}}) {
+    bench.write(lines);
+    EXPECT_EQ(bench.board().version() > before, changes);
+    before = bench.board().version();
+  }
 }
 
 }  // namespace

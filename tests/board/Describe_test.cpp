@@ -9,9 +9,7 @@ namespace {
 
 TEST(Describe, NamesEachFieldWithValueAndMeaning) {
   BoardBench bench("ADF4113");
-  bench.load("000000111000000010010010");
-  bench.load("000000000000000011001000");
-  bench.load("000000100011001000010001");
+  bench.load(kSet4113);
   EXPECT_EQ(
       bench.port.describe(),
       "chip\tADF4113\n"

@@ -1,51 +1,16 @@
 #include <gtest/gtest.h>
 
-#include <string>
-#include <vector>
-
 #include "engine/BitStrings.h"
-#include "support/EngineBench.h"
+#include "support/ChipBench.h"
 #include "support/FaultOf.h"
-#include "support/PLLProbe.h"
 
 namespace tessarine {
 namespace {
 
 using Words = std::vector<std::string>;
 
-struct LoadBench : EngineBench {
-  explicit LoadBench(const char* model) {
-    module.CurrentModel = model;
-    pll.PreScalar = 8;
-    pll.Fvco = 1747.2;
-    pll.Fosc = 10;
-    pll.Fcomp = 200;
-    pll.FuncInit = pll.CPGain = "0";
-    pll.FAnalogDevice = "00100100000001110000";
-    pll.RFcontrolREG = "0100000000000000";
-    pll.MasterReg = "11000000000";
-    pll.RFRefDoubler = "0";
-    pll.RF_R_Counter = "1";
-    pll.RCounter_4531 = 1;
-    pll.CPCurrentSetting_4531 = "0000";
-    pll.MuxOut_4531 = "000";
-
-    pll.R1_CP = pll.R1_REF2 = pll.R1_DoublerEnable = "0";
-    pll.R1_RFCounter = "0001";
-    pll.R2_PhaseValue = "000000000000";
-    pll.R3_CPO = pll.R3_PFD = "1";
-    pll.R4_TimerSelect = "00", pll.R4_TimerSelect_2 = "01", pll.R4_TimerSelect_3 = "10";
-    pll.R4_TimeOutCounter = pll.R4_TimeOutCounter_2 = pll.R4_TimeOutCounter_3 = "000000111";
-    pll.R5_PDDiffAmp = "00";
-    pll.R5_PDChargePump = pll.R5_CP3State = pll.R5_CounterReset = "0";
-    pll.R6_SigmaDelte = pll.R6_MuxOut = "0001";
-
-    pll.Main_RefDiv = 1;
-    pll.Main_ChrgPump = pll.Aux_ChrgPump = 3;
-    pll.Main_LDEnable = pll.Aux_LDEnable = "0";
-    pll.MultiplexerReg = pll.ModulationControlReg = "0000000001";
-    pll.ModulationDataReg = "100000000000";
-  }
+struct LoadBench : ChipBench {
+  explicit LoadBench(const char* model, double Fvco = 1747.2) : ChipBench(model, Fvco) {}
   // What reaches the chip in one load, each word as its highest bit left first.
   Words load(bool onlyChanged = false) {
     host.port.accesses.clear();
@@ -66,12 +31,11 @@ TEST(SetPLL, SettlesTwoControlBits) {
     Integer prescaler;
     const char* GoBit;
     const char* LDPrecision;
-  } cases[] = {{"ADF4113", 16, "1", "1"},  {"ADF4113", 29, "1", "1"},  {"ADF4113", 30, "0", "1"},
-               {"LMX2306", 32, "0", "1"},  {"LMX2316", 8, "old", "0"}, {"LMX2326", 32, "old", "0"},
-               {"ADF4118", 8, "old", "0"}, {"ADF4193", 8, "1", "1"},   {"no chip", 8, "1", "1"}};
+  } cases[] = {{"ADF4113", 29, "1", "1"},  {"ADF4113", 30, "0", "1"},  {"LMX2306", 32, "0", "1"},
+               {"LMX2316", 8, "old", "0"}, {"ADF4118", 8, "old", "0"}, {"LMX2326", 32, "old", "0"},
+               {"ADF4193", 8, "1", "1"},   {"no chip", 8, "1", "1"}};
   for (const auto& c : cases) {
-    LoadBench bench(c.model);
-    bench.pll.Fvco = 1800;  // without a remainder, so that any prescaler serves
+    LoadBench bench(c.model, 1800);  // without a remainder, so that any prescaler serves
     bench.pll.PreScalar = c.prescaler;
     bench.pll.GoBit = "old";
     bench.load();
@@ -83,9 +47,7 @@ TEST(SetPLL, SettlesTwoControlBits) {
 TEST(SetPLL, SendsTheWordsInTheOrderOfTheChip) {
   for (const char* model : {"ADF4110", "ADF4111", "ADF4112", "ADF4113", "LMX2306", "LMX2316", "LMX2326",
                             "ADF4118", "LMX2315", "LMX2320", "LMX2325"}) {
-    LoadBench bench(model);
-    bench.pll.PreScalar = 64;
-    bench.pll.Fvco = 1280;
+    LoadBench bench(model, 1280);
     const auto words = bench.load();
     EXPECT_EQ(words, onTheWire({bench.pll.FStr, bench.pll.Rstr, bench.pll.Nstr})) << model;
     EXPECT_EQ(bench.host.port.bytes().back(), 0) << model;
@@ -99,8 +61,7 @@ TEST(SetPLL, SendsTheWordsInTheOrderOfTheChip) {
 }
 
 TEST(SetPLL, TheWorkedExampleReachesThePort) {
-  LoadBench bench("ADF4113");
-  bench.pll.Fvco = 900;
+  LoadBench bench("ADF4113", 900);
   EXPECT_EQ(bench.load(),
             (Words{"000000111000000010010010", "000000000000000011001000", "000000100011001000010001"}));
   bench.module.PortType = "USB";
@@ -113,9 +74,18 @@ TEST(SetPLL, TheWorkedExampleReachesThePort) {
 
 TEST(SetPLL, AnUnknownModelGetsTheFinalWriteAlone) {
   LoadBench bench("ADF4108");
+  bench.pll.DelayAfterLock = 0.25F;
   EXPECT_EQ(bench.load(), Words{});
   EXPECT_EQ(bench.host.port.bytes(), std::vector<int>{0});
   EXPECT_EQ(PLLProbe::bCount(bench.pll), 1092);
+  EXPECT_EQ(bench.host.clock.elapsed, 250'000) << "the wait after the load";
+}
+
+TEST(SetPLL, TheUmcModuleIsNotWaitedFor) {
+  LoadBench bench("UMC");
+  bench.pll.DelayAfterLock = 0.25F;
+  EXPECT_EQ(bench.load().size(), 5U);
+  EXPECT_EQ(bench.host.clock.elapsed, 50'000) << "five strobes of 10 ms";
 }
 
 TEST(SetPLL, WithoutAPrescalerTheOldWordsAreSent) {
@@ -127,15 +97,10 @@ TEST(SetPLL, WithoutAPrescalerTheOldWordsAreSent) {
     EXPECT_EQ(bench.load(), words) << model;
     EXPECT_EQ(bench.host.screen.messages,
               (std::vector<Message>{{"Pls. set Prescalar", Icon::plain, kApplicationTitle}}));
+    // A model picked while the message is open decides what is sent.
+    bench.host.screen.whileMessageIsOpen = [&] { bench.module.CurrentModel = "ADF4251"; };
+    EXPECT_EQ(bench.load().size(), 4U);
   }
-}
-
-TEST(SetPLL, AModelPickedWhileTheMessageIsOpenDecidesWhatIsSent) {
-  LoadBench bench("ADF4113");
-  bench.load();
-  bench.pll.PreScalar = 0;
-  bench.host.screen.whileMessageIsOpen = [&] { bench.module.CurrentModel = "ADF4153"; };
-  EXPECT_EQ(bench.load().size(), 4U);
 }
 
 TEST(SetPLL, ARefusedCalculationSendsNothing) {
@@ -143,18 +108,6 @@ TEST(SetPLL, ARefusedCalculationSendsNothing) {
   bench.pll.Fcomp = 0;
   EXPECT_NE(faultOf([&] { bench.pll.SetPLL(); }), "no fault");
   EXPECT_TRUE(bench.host.port.accesses.empty());
-}
-
-TEST(SetPLL, WaitsAfterTheLoadButNotForTheUmcModule) {
-  LoadBench bench("ADF4108");
-  bench.pll.DelayAfterLock = 0.25F;
-  bench.load();
-  EXPECT_EQ(bench.host.clock.elapsed, 250'000);
-
-  LoadBench umc("UMC");
-  umc.pll.DelayAfterLock = 0.25F;
-  EXPECT_EQ(umc.load().size(), 5U);
-  EXPECT_EQ(umc.host.clock.elapsed, 50'000) << "five strobes of 10 ms";
 }
 
 TEST(SetPLL, ALoadInsideAWaitOfAnotherEndsCleanly) {
@@ -170,8 +123,9 @@ TEST(SetPLL, ALoadInsideAWaitOfAnotherEndsCleanly) {
 TEST(SetPLL, TheSkyGetsTheWordsOfTheLoadBefore) {
   LoadBench bench("SKY72300-362");
   const auto words = [&] {
-    const PLL& p = bench.pll;
-    return Words{p.R0, p.r1, p.R2, p.R3, p.R4, p.R5, p.R6, p.R7, p.R8, p.R9};
+    auto all = bench.numbered();
+    all.resize(10);
+    return all;
   };
   EXPECT_EQ(bench.load(), Words(10));
   const auto first = words();
@@ -180,44 +134,35 @@ TEST(SetPLL, TheSkyGetsTheWordsOfTheLoadBefore) {
   const auto second = words();
   EXPECT_NE(second, first);
 
-  const struct {
-    const char* reason;
-    Integer prescaler, divider;
-  } refusals[] = {{"no prescaler", 0, 1}, {"a reference division of 0", 8, 0}};
-  for (const auto& refusal : refusals) {
-    bench.pll.PreScalar = refusal.prescaler;
-    bench.pll.Main_RefDiv = refusal.divider;
+  for (const bool withPrescaler : {false, true}) {
+    bench.pll.PreScalar = withPrescaler ? 8 : 0;
+    bench.pll.Main_RefDiv = 0;
     (void)faultOf([&] { bench.load(); });
-    EXPECT_EQ(bench.host.port.latches(), second) << refusal.reason;
-    EXPECT_EQ(words(), second) << "turned back after " << refusal.reason;
+    EXPECT_EQ(bench.host.port.latches(), second) << withPrescaler;
+    EXPECT_EQ(words(), second) << "turned back after a refusal";
   }
-}
 
-TEST(SetPLL, AnInterfaceThatFailsHalfwayLeavesTheWordsInTheirOrder) {
-  LoadBench bench("SKY72300-362");
-  bench.load();
-  const auto R0 = bench.pll.R0;
-  const auto R9 = bench.pll.R9;
   bench.module.PortType = "USB";
   bench.host.usb.fails = true;
   EXPECT_THROW(bench.pll.SetPLL(), std::runtime_error);
-  EXPECT_EQ(bench.pll.R0, R0);
-  EXPECT_EQ(bench.pll.R9, R9);
+  EXPECT_EQ(words(), second) << "an interface that fails halfway leaves them in their order";
 }
 
 TEST(SetPLL, AnAdf4193GetsAllWordsOrOnlyThoseThatChanged) {
   LoadBench bench("ADF4193");
   PLL& pll = bench.pll;
-  const auto all = bench.load();
-  EXPECT_EQ(all, onTheWire({pll.r1, pll.R2, pll.R0, pll.R3, pll.R4, pll.R4_2, pll.R4_3, pll.R5, pll.R6}));
+  pll.R4_TimeOutCounter = "000000111";
+  const auto all = bench.load(true);
+  EXPECT_EQ(all, onTheWire({pll.r1, pll.R2, pll.R0, pll.R3, pll.R4, pll.R4_2, pll.R4_3, pll.R5, pll.R6}))
+      << "nothing was sent before";
+  EXPECT_EQ(bench.load(), all);
 
-  auto words = bench.load(true);
-  EXPECT_EQ(words, Words{});
+  EXPECT_EQ(bench.load(true), Words{});
   EXPECT_EQ(bench.host.port.bytes(), std::vector<int>{0});
 
   pll.Fvco = 1757.6;
   pll.R5_CP3State = "1";
-  words = bench.load(true);
+  auto words = bench.load(true);
   EXPECT_EQ(words, onTheWire({pll.R0, pll.R5}));
 
   pll.R4_TimerSelect = "11";  // the other two timers are not used any more
@@ -226,17 +171,12 @@ TEST(SetPLL, AnAdf4193GetsAllWordsOrOnlyThoseThatChanged) {
   EXPECT_EQ(pll.Current_R4_2, "");
   words = bench.load();
   EXPECT_EQ(words, onTheWire({pll.r1, pll.R2, pll.R0, pll.R3, pll.R4, pll.R5, pll.R6}));
-
-  LoadBench fresh("ADF4193");
-  words = fresh.load(true);
-  EXPECT_EQ(words, all) << "nothing was sent before";
 }
 
 TEST(SetPLL, TheWordsOfThePowerUpGiveWayWithTheNextUpdate) {
   LoadBench bench("ADF4193");
   PLL& pll = bench.pll;
   pll.Model = "ADF4193";
-  pll.R3_CPO = "0";
   pll.R5_PDDiffAmp = "11";
   auto words = bench.load();
   EXPECT_EQ(words.size(), 14U + 9U);

@@ -37,7 +37,7 @@ TEST(BandSetupFile, RowsOfAFile) {
        "table\n",
        {"800 900 110", "900.5 1000 101"}},
       {"the last line is lost", "800 900 011\n900 1000 101\n", {"800 900 110"}},
-      {"with or without a line end", "800 900 011\n900 1000 101", {"800 900 110"}},
+      {"without a line end, too", "800 900 011\n900 1000 101", {"800 900 110"}},
       {"an empty last line saves the row", "800 900 011\n\n", {"800 900 110"}},
       {"so does a CR LF alone", "800 900 011\r\n\r\n", {"800 900 110"}},
       {"a blank line is a row", "800 900 011\n\n900 1000 101\nx", {"800 900 110", "0 0 ", "900 1000 101"}},

@@ -8,18 +8,15 @@ namespace {
 using Access = FakePort::Access;
 
 TEST(WayOut, HostsOfTheNTFamilyNeedTheDriver) {
-  const struct {
-    std::optional<HostVersion> version;
-    Integer expected;
-  } rows[] = {{HostVersion{2, 4, 0}, kTrue},   {HostVersion{2, 5, 0}, kTrue},
-              {HostVersion{2, 5, 1}, kTrue},   {HostVersion{2, 6, 0}, kTrue},
-              {HostVersion{2, 3, 51}, kFalse}, {HostVersion{1, 4, 10}, kFalse},
-              {HostVersion{1, 6, 0}, kFalse},  {std::nullopt, kFalse}};
-  for (const auto& row : rows) {
+  const std::pair<std::optional<HostVersion>, Integer> rows[] = {{HostVersion{2, 4, 0}, kTrue},
+                                                                 {HostVersion{2, 6, 0}, kTrue},
+                                                                 {HostVersion{2, 3, 51}, kFalse},
+                                                                 {HostVersion{1, 4, 10}, kFalse},
+                                                                 {std::nullopt, kFalse}};
+  for (const auto& [version, expected] : rows) {
     FakeHost host;
-    host.version = row.version;
-    EXPECT_EQ(IsNTHost(host), row.expected)
-        << (row.version ? row.version->platform * 100 + row.version->major : -1);
+    host.version = version;
+    EXPECT_EQ(IsNTHost(host), expected) << (version ? version->platform * 100 + version->major : -1);
   }
 }
 
@@ -72,24 +69,28 @@ TEST(WayOut, NothingStopsTheStart) {
   EXPECT_TRUE(bench.visible("Frame2(0)"));
 }
 
-TEST(WiringDialog, PinsBecomeMasks) {
+TEST(WiringDialog, PinsBecomeMasksAndTheAddressIsReadAsHexadecimal) {
+  constexpr const char* kPins = "Pin number between 2-9 only !!";
+  constexpr const char* kAddress =
+      "Parallel port Address = 12345 (hexadecimal) does not fit 16 bits (0 to FFFF)";
   const struct {
-    const char* clock;
-    const char* data;
-    const char* load;
-    int masks[3];
-    const char* message;
+    const char *clock, *data, *load, *address;
+    std::vector<Integer> masks;
+    Integer port;
+    const char* message = nullptr;
   } rows[] = {
-      {"9", "8", "7", {128, 64, 32}, nullptr},
-      {"2", "2", "2", {1, 1, 1}, nullptr},
-      {"2.5", "3", "4", {1, 2, 4}, nullptr},
-      {" 5x", "3", "4", {8, 2, 4}, nullptr},
-      {"1", "10", "4", {1, 2, 4}, "Pin number between 2-9 only !!"},
-      {"2", "3", "", {1, 2, 4}, "Pin number between 2-9 only !!"},
-      {"2", "nine", "4", {1, 2, 4}, "Pin number between 2-9 only !!"},
+      {"9", "8", "7", "278", {128, 64, 32}, 632},
+      {"2", "2", "2", " 3BC ", {1, 1, 1}, 956},
+      {"2.5", "3", "4", "3bcz", {1, 2, 4}, 956},
+      {" 5x", "3", "4", "", {8, 2, 4}, 0},
+      {"2", "3", "4", "FFFF", {1, 2, 4}, -1},
+      {"1", "10", "4", "278", {1, 2, 4}, 888, kPins},
+      {"2", "3", "", "278", {1, 2, 4}, 888, kPins},
+      {"2", "nine", "4", "278", {1, 2, 4}, 888, kPins},
+      {"2", "3", "4", "12345", {1, 2, 4}, 888, kAddress},
   };
   for (const auto& row : rows) {
-    SCOPED_TRACE(row.clock);
+    SCOPED_TRACE(std::string(row.clock) + " " + row.address);
     ProgramBench bench;
     bench.open();
     bench.pick("ADF4113");
@@ -97,47 +98,24 @@ TEST(WiringDialog, PinsBecomeMasks) {
     bench.set("ParallelForm.LPTwText(0)", row.clock);
     bench.set("ParallelForm.LPTwText(1)", row.data);
     bench.set("ParallelForm.LPTwText(2)", row.load);
-    bench.set("ParallelForm.ParallelText", "278");
+    bench.set("ParallelForm.ParallelText", row.address);
     bench.forget();
     bench.click("ParallelForm.OKButton");
-    EXPECT_EQ(bench.pll.CLOCKbit, row.masks[0]);
-    EXPECT_EQ(bench.pll.DATAbit, row.masks[1]);
-    EXPECT_EQ(bench.pll.LEbit, row.masks[2]);
-    EXPECT_EQ(bench.window.parallelForm.Visible, row.message != nullptr);
-    if (row.message) {
+    EXPECT_EQ((std::vector{bench.pll.CLOCKbit, bench.pll.DATAbit, bench.pll.LEbit}), row.masks);
+    EXPECT_EQ(bench.program.module.PortAddress, row.port);
+    if (row.message != nullptr) {
+      EXPECT_TRUE(bench.window.parallelForm.Visible);
       EXPECT_EQ(bench.host.screen.messages,
                 (std::vector<Message>{{row.message, Icon::critical, "Tessarine"}}));
-      EXPECT_EQ(bench.program.module.PortAddress, 888);
       EXPECT_TRUE(bench.host.port.accesses.empty());
-    } else {
-      EXPECT_EQ(bench.host.port.accesses, (std::vector<Access>{{Access::Kind::write, 634, 0, true},
-                                                               {Access::Kind::write, 632, 0, true}}));
+      continue;
     }
+    EXPECT_FALSE(bench.window.parallelForm.Visible);
+    const auto port = static_cast<std::uint16_t>(row.port);
+    const auto control = static_cast<std::uint16_t>(port + 2);
+    EXPECT_EQ(bench.host.port.accesses, (std::vector<Access>{{Access::Kind::write, control, 0, true},
+                                                             {Access::Kind::write, port, 0, true}}));
   }
-}
-
-TEST(WiringDialog, AddressIsReadAsHexadecimal) {
-  const struct {
-    const char* text;
-    Integer address;
-  } rows[] = {{" 3BC ", 956}, {"3bcz", 956}, {"z", 0}, {"", 0}, {"FFFF", -1}, {"8000", -32768}};
-  for (const auto& row : rows) {
-    ProgramBench bench;
-    bench.open();
-    bench.click("Parallel");
-    bench.set("ParallelForm.ParallelText", row.text);
-    bench.click("ParallelForm.OKButton");
-    EXPECT_EQ(bench.program.module.PortAddress, row.address) << row.text;
-  }
-  ProgramBench bench;
-  bench.open();
-  bench.click("Parallel");
-  bench.set("ParallelForm.ParallelText", "12345");
-  bench.click("ParallelForm.OKButton");
-  EXPECT_EQ(bench.messages(),
-            std::vector<std::string>{
-                "Parallel port Address = 12345 (hexadecimal) does not fit 16 bits (0 to FFFF)"});
-  EXPECT_EQ(bench.program.module.PortAddress, 888);
 }
 
 TEST(WiringDialog, CancelKeepsTheTextsForTheNextPick) {

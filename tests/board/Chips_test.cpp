@@ -1,0 +1,249 @@
+#include <gtest/gtest.h>
+
+#include "board/BoardBench.h"
+#include "board/NumberText.h"
+
+namespace tessarine::board {
+namespace {
+
+// 4/5, INT 100, FRAC 1, MOD 50, R 1, digital lock detect.
+const Words kSet4153 = "3C2/16 383/11 1040C9/24 190004/24"_w;
+// The same way out with INT 20; the mux brings out the RF loop's lock.
+const Words kSet4252 = "603/11 0682/16 008191/21 0A0008/24"_w;
+
+// The power-up of the ADF4193, with the words for 1747.2 MHz from 26 MHz: INT 67, FRAC 26, MOD 130, 8/9.
+const Words kPowerUp4193 =
+    "FD/8 005B/16 0007/16 000E/16 900E/16 007FF4/24 00400C/24 004004/24 0002/16 108411/24 "
+    "2180D0/24 007B/16 05/8 2180D0/24"_w;
+// What a full load sends after it.
+const Words kFullLoad4193 =
+    "108411/24 0002/16 2180D0/24 007B/16 004004/24 00400C/24 007FF4/24 05/8 900E/16"_w;
+
+const Words kSetSky = "005B/16 11D3/16 20A9/16 3000/16 4000/16 5000/16 67DF/16 7010/16 8000/16 9000/16"_w;
+// 1000 MHz, 2000 MHz, 12.5 kHz, 10 MHz, channel 100.
+const Words kSetUmc = "19000001/32 29000002/32 3200007D/32 47000001/32 00000064/32"_w;
+
+// The set with one word changed: the one at `place`.
+Words with(Words words, std::size_t place, std::uint32_t bits) {
+  words[place].bits = bits;
+  return words;
+}
+
+Words joined(Words words, const Words& more) {
+  words.insert(words.end(), more.begin(), more.end());
+  return words;
+}
+
+// Words worked out by hand from the frequencies.
+const struct {
+  const char* what;
+  const char* chip;
+  double referenceMHz;
+  Words words;
+  double detectorMHz;
+  double outputMHz;
+  const char* dividers = nullptr;  // not looked at
+} kTuned[] = {
+    {"8/9", "ADF4113", 10, kSet4113, 0.2, 900, "R 50, P 8, B 562, A 4, N 4500"},
+    {"64/65, an initialization word, second current setting", "ADF4106", 20,
+     "C38093/24 000050/24 204E21/24"_w, 1, 5000, "R 20, P 64, B 78, A 8, N 5000"},
+    {"16/17", "ADF4111", 13, "438092/24 000104/24 013821/24"_w, 0.2, 1000, "R 65, P 16, B 312, A 8, N 5000"},
+    {"21 bits, fixed 32/33", "LMX2316", 10, kSet2326, 0.2, 900, "R 50, P 32, B 140, A 20, N 4500"},
+    {"an N word without its top bit", "LMX2326", 10, "001092/21 0000C8/21 04651/20"_w, 0.2, 900},
+    {"19 bits, select 1 is 32/33", "LMX2325", 10, kSet2325, 0.2, 900, "R 50, P 32, B 140, A 20, N 4500"},
+    {"select 0 is 128/129", "LMX2320", 10, "00065/19 02328/19"_w, 0.2, 900,
+     "R 50, P 128, B 35, A 20, N 4500"},
+    {"select 1 is 64/65", "LMX2315", 10, "08065/19 04628/19"_w, 0.2, 900, "R 50, P 64, B 70, A 20, N 4500"},
+    {"INT 100 + 1/50", "ADF4153", 10, kSet4153, 10, 1000.2},
+    {"doubler, R 4, the words of a sister", "ADF4156", 26, "0BC2/16 383/11 110209/24 190004/24"_w, 13,
+     1300 + 13.0 / 130},
+    {"8/9, the highest bits of all fields", "ADF4153", 1, "3C2/16 3C3/11 17FFFD/24 7FFFF8/24"_w, 1.0 / 15,
+     (511 + 4094.0 / 4095) / 15},
+    {"INT 20 + 1/50", "ADF4252", 10, kSet4252, 10, 200.2},
+    {"doubler, R 2, 8/9", "ADF4251", 10, "603/11 0682/16 190191/21 0A0008/24"_w, 10, 200.2},
+    {"power-up alone", "ADF4193", 26, kPowerUp4193, 26, 1747.2},
+    {"a full load after it", "ADF4193", 26, joined(kPowerUp4193, kFullLoad4193), 26, 1747.2},
+    {"reference halved, R 2", "ADF4193", 104, joined(kPowerUp4193, "510411/24"_w), 26, 1747.2},
+    {"doubler and halver cancel out", "ADF4193", 26, joined(kPowerUp4193, "588411/24"_w), 26, 1747.2},
+    {"positive fraction", "SKY72300-362", 10, kSetSky, 10, 1230 + 10 * 119721.0 / 262144},
+    {"negative fraction", "SKY72300-362", 10, with(with(with(kSetSky, 0, 0x005C), 1, 0x1266), 2, 0x2066), 10,
+     1240 - 10 * 104858.0 / 262144},
+    {"minus one half", "SKY72300-362", 10, with(with(kSetSky, 1, 0x1200), 2, 0x2000), 10, 1225},
+    {"reference divided by 32", "SKY72300-362", 32, with(kSetSky, 5, 0x501F), 1, 123 + 119721.0 / 262144},
+    {"integer-N", "SKY72300-362", 10, with(kSetSky, 7, 0x7014), 10, 1230},
+    {"ten-bit fraction", "SKY72300-362", 10, with(kSetSky, 7, 0x7018), 10, 1230 + 10 * 467.0 / 1024},
+    {"start and a hundred steps", "UMC", 10, kSetUmc, 0, 1001.25},
+};
+
+TEST(Chips, TuneAndLockToWordsClockedIn) {
+  for (const auto& c : kTuned) {
+    SCOPED_TRACE(std::string(c.chip) + ": " + c.what);
+    BoardBench bench(c.chip, c.referenceMHz);
+    bench.load(c.words);
+    const Tuning& tuning = bench.tuning();
+    EXPECT_EQ(tuning.reason(), "");
+    ASSERT_TRUE(tuning.outputMHz);
+    EXPECT_NEAR(*tuning.outputMHz, c.outputMHz, 1e-9);
+    EXPECT_NEAR(tuning.detectorMHz.value_or(0), c.detectorMHz, 1e-12);
+    EXPECT_TRUE(tuning.lockPin);
+    std::string dividers;
+    for (const auto& [name, value] : tuning.dividers) {
+      dividers += (dividers.empty() ? "" : ", ") + std::string(name) + " " + shortText(value);
+    }
+    if (c.dividers != nullptr) {
+      EXPECT_EQ(dividers, c.dividers);
+    }
+  }
+}
+
+const struct {
+  const char* what;
+  const char* chip;
+  Words words;
+  const char* reason;
+} kUnlocked[] = {
+    {"fresh from power-on",
+     "ADF4113",
+     {},
+     "R register never loaded; N register never loaded; function register never loaded"},
+    {"counter reset", "ADF4113", with(kSet4113, 0, 0x038096), "counter reset is on"},
+    {"power-down", "ADF4113", with(kSet4113, 0, 0x03809A), "powered down"},
+    {"three-state", "ADF4113", with(kSet4113, 0, 0x038192), "pump in three-state"},
+    {"all three", "LMX2326", with(kSet2326, 0, 0x00119E),
+     "powered down; counter reset is on; pump in three-state"},
+    {"R 0", "ADF4113", with(kSet4113, 1, 0), "R is 0"},
+    {"N 0", "ADF4113", with(kSet4113, 2, 1), "N is 0; B = 0 is below 3"},
+    {"more to swallow than cycles", "LMX2316", with(kSet2326, 2, 0x000215), "A = 5 is above B = 4"},
+    {"B 2", "LMX2325", with(kSet2325, 1, 0x00204), "B = 2 is below 3"},
+    {"reset, three-state, power-down", "ADF4153", with(kSet4153, 0, 0x3DE),
+     "powered down; counter reset is on; pump in three-state"},
+    {"R 0", "ADF4153", with(kSet4153, 2, 0x1000C9), "R is 0"},
+    {"MOD 0", "ADF4153", with(kSet4153, 2, 0x104001), "MOD is 0"},
+    {"without the control word", "ADF4156", "383/11 1040C9/24 190004/24"_w, "control register never loaded"},
+    {"RF part", "ADF4252", with(kSet4252, 1, 0x06BA),
+     "RF synthesizer powered down; RF counter reset is on; RF pump in three-state"},
+    {"master", "ADF4251", with(kSet4252, 0, 0x63B), "powered down; counter reset is on; pump in three-state"},
+    {"held by the first word of the power-up", "ADF4193", "FD/8"_w,
+     "R0 register never loaded; R1 register never loaded; R2 register never loaded; "
+     "R3 register never loaded; R6 register never loaded; R7 register never loaded; pump powered down; "
+     "differential amplifier powered down; counter reset is on; pump in three-state"},
+    {"never powered up", "ADF4193", kFullLoad4193, "R7 register never loaded"},
+    {"CPO grounded by an update", "ADF4193", joined(kPowerUp4193, "004B/16"_w), "pump output is grounded"},
+    {"powered down", "SKY72300-362", with(kSetSky, 7, 0x7013), "powered down; main synthesizer powered down"},
+    {"ten pulses without data", "SKY72300-362", "0/0 0/0"_w,
+     "R1 register never loaded; R2 register never loaded; R5 register never loaded; "
+     "R6 register never loaded; R7 register never loaded"},
+    {"without the channel", "UMC", "19000001/32 3200007D/32 47000001/32"_w, "channel register never loaded"},
+    // Other mux settings keep the pin low although the loop is locked.
+    {"N divider output", "ADF4113", with(kSet4113, 0, 0x0380A2), ""},
+    {"R divider output", "ADF4153", with(kSet4153, 2, 0x4040C9), ""},
+    {"RF/IF lock detect", "ADF4252", with(kSet4252, 0, 0x683), ""},
+    {"logic high", "ADF4193", joined(kPowerUp4193, "901E/16"_w), ""},
+    {"power steering", "SKY72300-362", with(kSetSky, 6, 0x67FF), ""},
+};
+
+TEST(Chips, TellWhyTheyDoNotLock) {
+  for (const auto& c : kUnlocked) {
+    SCOPED_TRACE(std::string(c.chip) + ": " + c.what);
+    BoardBench bench(c.chip);
+    bench.load(c.words);
+    EXPECT_EQ(bench.tuning().reason(), c.reason);
+    EXPECT_EQ(bench.tuning().locked(), c.reason == std::string());
+    EXPECT_FALSE(bench.tuning().lockPin);
+    EXPECT_EQ(bench.port.UsbReadPin("A3"), 0);
+  }
+}
+
+TEST(Chips, TheLockPinIsReadOverUsb) {
+  BoardBench bench("ADF4113");
+  bench.load(kSet4113);
+  EXPECT_EQ(bench.port.UsbReadPin("A3"), 1);
+  EXPECT_EQ(bench.port.UsbReadPort("A"), 8);
+}
+
+TEST(Chips, LoseTheirRegistersOnlyWhenTheChipChanges) {
+  BoardBench bench("ADF4113");
+  bench.load(kSet4113);
+  bench.board().plug("ADF4113");
+  EXPECT_TRUE(bench.tuning().locked());
+  bench.board().plug("ADF4112");
+  EXPECT_FALSE(bench.board().chip()->loaded("R"));
+  EXPECT_EQ(bench.tuning().outputMHz, std::nullopt);
+  bench.load("");  // the shift register is empty, too: all zeros go to R
+  EXPECT_TRUE(bench.board().chip()->loaded("R"));
+  EXPECT_EQ(bench.field("R", "R"), 0U);
+  bench.board().plug("no such chip");
+  EXPECT_EQ(bench.tuning().reason(), "no chip");
+}
+
+TEST(Chips, TakeTheReferenceAsItIsAtTheLatch) {
+  BoardBench bench("ADF4113");
+  bench.load(kSet4113);
+  bench.referenceMHz = 20;
+  EXPECT_DOUBLE_EQ(*bench.tuning().outputMHz, 900);
+  bench.load(kSet4113.back());
+  EXPECT_DOUBLE_EQ(*bench.tuning().outputMHz, 1800);
+}
+
+TEST(Chips, NoteWhatTheyCannotFollow) {
+  const struct {
+    const char* chip;
+    double referenceMHz;
+    Words words;
+    std::vector<std::string> notes;
+  } cases[] = {
+      {"ADF4110", 10, kSet4113, {"the output is above 550 MHz, the highest of the ADF4110"}},
+      {"ADF4110",
+       20,
+       kSet4113,
+       {"behind the prescaler 8 the output is above 200 MHz",
+        "the output is above 550 MHz, the highest of the ADF4110"}},
+      {"ADF4153",
+       10,
+       with(with(kSet4153, 3, 0x0780C8), 2, 0x1040C9),
+       {"FRAC = 50 is not below MOD = 50", "INT = 30 is below 31, the least with prescaler 4"}},
+      {"ADF4153",
+       10,
+       with(kSet4153, 3, 0x320004),
+       {"the output is above 2000 MHz, the highest with prescaler 4"}},
+  };
+  for (const auto& c : cases) {
+    BoardBench bench(c.chip, c.referenceMHz);
+    bench.load(c.words);
+    EXPECT_EQ(bench.tuning().notes, c.notes) << c.chip;
+    EXPECT_TRUE(bench.tuning().locked());
+  }
+}
+
+TEST(Chips, EachTimerOfTheADF4193HasItsOwnWordBehindOneAddress) {
+  BoardBench bench("ADF4193");
+  bench.load("007FF4/24 0040AC/24 004044/24"_w);
+  EXPECT_EQ(bench.field("R4 ICP", "time-out"), 511U);
+  EXPECT_EQ(bench.field("R4 SW3", "time-out"), 5U);
+  EXPECT_EQ(bench.field("R4 SW1/SW2", "time-out"), 2U);
+  EXPECT_FALSE(bench.board().chip()->loaded("R4 no timer"));
+  bench.load("");  // the power-up's strobe of a timer without a word
+  EXPECT_EQ(bench.field("R4 SW1/SW2", "time-out"), 2U);
+}
+
+TEST(Chips, ThePowerUpIsOneLoadAlthoughItRepeatsRegisters) {
+  BoardBench bench("ADF4193", 26);
+  bench.load({kPowerUp4193.begin(), kPowerUp4193.begin() + 2});
+  bench.microseconds += 100'000;
+  bench.load({kPowerUp4193.begin() + 2, kPowerUp4193.end()});
+  EXPECT_EQ(bench.board().lastLoad().size(), kPowerUp4193.size());
+  bench.microseconds += 200'000;
+  bench.load(kPowerUp4193.back());
+  EXPECT_EQ(bench.board().lastLoad().size(), 1U);
+}
+
+TEST(Chips, WordsForNoRegisterChangeNothing) {
+  BoardBench bench("ADF4252");
+  bench.load(kSet4252);
+  bench.load("000004/24"_w);  // an address of the IF synthesizer
+  EXPECT_TRUE(bench.tuning().locked());
+  EXPECT_EQ(bench.board().lastLoad().back().registerIndex, std::nullopt);
+}
+
+}  // namespace
+}  // namespace tessarine::board

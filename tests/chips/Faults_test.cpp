@@ -1,0 +1,104 @@
+// What a calculation refuses, by the chip. The ADF4153 and ADF4156 show their faults themselves.
+#include <gtest/gtest.h>
+
+#include "support/ChipBench.h"
+#include "support/FaultOf.h"
+
+namespace tessarine {
+namespace {
+
+TEST(Faults, ARefusedCalculationChangesNothing) {
+  const struct {
+    const char* model;
+    void (*set)(ChipBench&);
+    const char* text;
+  } cases[] = {
+      {"ADF4113", [](auto& b) { b.pll.Fvco = 270, b.pll.PreScalar = 128; },
+       "A = 70 does not fit 6 bits (0 to 63)"},
+      {"LMX2316", [](auto& b) { b.pll.Fvco = 1286.4, b.pll.PreScalar = 64; },
+       "A = 32 does not fit 5 bits (0 to 31)"},
+      {"LMX2315", [](auto& b) { b.pll.Fvco = 76.8, b.pll.PreScalar = 256; },
+       "A = 128 does not fit 7 bits (0 to 127)"},
+      {"ADF4113", [](auto& b) { b.pll.Fvco = 13107.2; }, "B = 8192 does not fit 13 bits (0 to 8191)"},
+      {"LMX2320", [](auto& b) { b.pll.Fvco = 3276.8; }, "B = 2048 does not fit 11 bits (0 to 2047)"},
+      {"LMX2306", [](auto& b) { b.pll.Fvco = -900; }, "B = -563 does not fit 13 bits (0 to 8191)"},
+      {"ADF4112", [](auto& b) { b.pll.Fvco = 1e300; }, "B = 6.25e+299 does not fit 13 bits (0 to 8191)"},
+      {"ADF4110", [](auto& b) { b.pll.Fosc = 3276.8; }, "R = 16384 does not fit 14 bits (0 to 16383)"},
+      {"ADF4113", [](auto& b) { b.pll.Fcomp = 0; },
+       "Step Resolution = 0 kHz cannot divide 900 MHz and 10 MHz"},
+      {"ADF4108", [](auto& b) { b.pll.Fvco = b.pll.Fosc = b.pll.Fcomp = 0; },
+       "Step Resolution = 0 kHz cannot divide 0 MHz and 0 MHz"},
+      {"LMX2325", [](auto& b) { b.pll.Fosc = 1e308, b.pll.Fcomp = 0.5; },
+       "Step Resolution = 0.5 kHz cannot divide 900 MHz and 1e+308 MHz"},
+
+      {"ADF4252", [](auto& b) { b.pll.RF_R_Counter = "x"; }, "R counter = 0 must be above 0"},
+      {"ADF4252", [](auto& b) { b.pll.RF_R_Counter = "16"; }, "R counter = 16 does not fit 4 bits (0 to 15)"},
+      {"ADF4252", [](auto& b) { b.pll.Fosc = 0; }, "Fosc = 0 MHz must be above 0"},
+      {"ADF4252", [](auto& b) { b.pll.Fcomp = 0; }, "Fcomp = 0 kHz must be above 0"},
+      {"ADF4252", [](auto& b) { b.pll.Fvco = 2560; }, "INT = 256 does not fit 8 bits (0 to 255)"},
+      {"ADF4252", [](auto& b) { b.pll.Fvco = -1; }, "INT = -1 does not fit 8 bits (0 to 255)"},
+      {"ADF4252", [](auto& b) { b.pll.Fcomp = 2; }, "MOD = 5000 does not fit 12 bits (0 to 4095)"},
+      {"ADF4252", [](auto& b) { b.pll.Fcomp = 2, b.pll.Fvco = 209; },
+       "FRAC = 4500 does not fit 12 bits (0 to 4095)"},
+
+      {"ADF4193", [](auto& b) { b.pll.R1_RFCounter = "0000"; }, "R counter = 0 must be above 0"},
+      {"ADF4193", [](auto& b) { b.pll.Fosc = 0; }, "Fosc = 0 MHz must be above 0"},
+      {"ADF4193", [](auto& b) { b.pll.Fcomp = 0; }, "Fcomp = 0 kHz must be above 0"},
+      {"ADF4193", [](auto& b) { b.pll.Fvco = 2560; }, "N = 256 does not fit 8 bits (0 to 255)"},
+      {"ADF4193", [](auto& b) { b.pll.Fcomp = 2; }, "MOD = 5000 does not fit 12 bits (0 to 4095)"},
+      {"ADF4193", [](auto& b) { b.pll.Fcomp = 2, b.pll.Fvco = 909; },
+       "FRAC = 4500 does not fit 12 bits (0 to 4095)"},
+      {"ADF4193", [](auto& b) { b.useFracFile(), b.pll.PFDFromFile = 0; },
+       "PFD of the setup file = 0 MHz must be above 0"},
+      {"ADF4193", [](auto& b) { b.useFracFile(), b.pll.ModFromFile = 4096; },
+       "MOD = 4096 does not fit 12 bits (0 to 4095)"},
+
+      {"SKY72300-362", [](auto& b) { b.pll.Main_RefDiv = 0; },
+       "Main reference division = 0 cannot be used (1 to 32)"},
+      {"SKY72300-362", [](auto& b) { b.pll.Main_RefDiv = 33; },
+       "Main reference division = 33 cannot be used (1 to 32)"},
+      {"SKY72300-362", [](auto& b) { b.pll.Fosc = 0; }, "Fosc = 0 MHz must be above 0"},
+      {"SKY72300-362", [](auto& b) { b.pll.Fvco = 5440; }, "N = 512 does not fit 9 bits (0 to 511)"},
+      {"SKY72300-362", [](auto& b) { b.pll.Fvco = 310; }, "N = -1 does not fit 9 bits (0 to 511)"},
+      {"SKY72300-362", [](auto& b) { b.pll.Main_ChrgPump = 32; },
+       "Main charge pump = 32 does not fit 5 bits (0 to 31)"},
+      {"SKY72300-362", [](auto& b) { b.pll.Aux_ChrgPump = -1; },
+       "Auxiliary charge pump = -1 does not fit 5 bits (0 to 31)"},
+      {"SKY72300-362",
+       [](auto& b) {
+         b.useBands({{1, 2, "32"}});
+       },
+       "Charge pump of the band file = 32 cannot be used (0 to 31)"},
+      {"SKY72300-362",
+       [](auto& b) {
+         b.useBands({{1, 2, "-1"}});
+       },
+       "Charge pump of the band file = -1 cannot be used (0 to 31)"},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::string(c.model) + ": " + c.text);
+    ChipBench bench(c.model, 904.2);
+    bench.calculate();
+    const auto lettered = bench.lettered();
+    const auto numbered = bench.numbered();
+    const auto labels = bench.view.words;
+    bench.view.detectorFrequency = "as it was";
+    // Something new for every word.
+    bench.pll.Fvco = 900;
+    bench.pll.CPGain = bench.pll.LDPrecision = bench.pll.FuncInit = "1";
+    bench.module.PolarityNegative = kTrue;
+    bench.pll.MasterReg = bench.pll.RFcontrolREG = bench.pll.MultiplexerReg = "new";
+    bench.pll.R3_CPO = "1";
+    c.set(bench);
+    EXPECT_EQ(faultOf([&] { PLLProbe::calcRegisters(bench.pll); }), c.text);
+    EXPECT_EQ(bench.lettered(), lettered);
+    EXPECT_EQ(bench.numbered(), numbered);
+    EXPECT_EQ(bench.view.words, labels);
+    EXPECT_EQ(bench.view.detectorFrequency, "as it was");
+    EXPECT_NE(bench.pll.PreScalar, bench.pll.PreScalarFromFile);
+    EXPECT_TRUE(bench.host.screen.messages.empty());
+  }
+}
+
+}  // namespace
+}  // namespace tessarine
