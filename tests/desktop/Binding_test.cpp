@@ -106,8 +106,7 @@ class SampleForm : public Form {
   One<Label> Late{*this, "Late", "late", at(3200, 2400, 1200, 300), hidden};
 };
 
-class Binding : public ::testing::Test {
- protected:
+struct Binding : ::testing::Test {
   Binding() {
     desktop.attach(list, door);
     form.Show();
