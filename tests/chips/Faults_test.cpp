@@ -30,6 +30,8 @@ TEST(Faults, ARefusedCalculationChangesNothing) {
        "Step Resolution = 0 kHz cannot divide 0 MHz and 0 MHz"},
       {"LMX2325", [](auto& b) { b.pll.Fosc = 1e308, b.pll.Fcomp = 0.5; },
        "Step Resolution = 0.5 kHz cannot divide 900 MHz and 1e+308 MHz"},
+      {"ADF4111", [](auto& b) { b.pll.Fvco = 1e307, b.pll.Fcomp = 0.01; },
+       "Step Resolution = 0.01 kHz cannot divide 1e+307 MHz and 10 MHz"},
 
       {"ADF4252", [](auto& b) { b.pll.RF_R_Counter = "x"; }, "R counter = 0 must be above 0"},
       {"ADF4252", [](auto& b) { b.pll.RF_R_Counter = "16"; }, "R counter = 16 does not fit 4 bits (0 to 15)"},

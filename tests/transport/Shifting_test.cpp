@@ -39,6 +39,12 @@ TEST(Shifting, TheStrobeOfEachRoutineOnThePort) {
        4,
        {0, 8, 9, 8, 8, 12},
        20},
+      {"but not the data of the default wiring",
+       [](PLL& pll) { pll.R8 = "1", PLLProbe::loadR8(pll); },
+       2,
+       4,
+       {0, 2, 3, 2, 0, 4},
+       20},
   };
   for (const auto& c : cases) {
     EngineBench bench;
