@@ -201,8 +201,8 @@ TEST_F(Script, ActionsBeyondTheEndAreReported) {
 }
 
 TEST_F(Script, TheProgramsEndIsTheScriptsEnd) {
-  for (const char* const end :
-       {"click Exit", "close Window", "at 5 click Exit\nclick Load", "at 5 close Window\nwait 10"}) {
+  for (const char* const end : {"click Exit", "close Window", "at 5 click Exit\nat 5 show Log\nclick Load",
+                                "at 5 close Window\nat 5 show Log\nwait 10"}) {
     const auto result = run("expect Field 11\n" + std::string(end) + "\nclick Off\nshow Log\n");
     EXPECT_EQ(result.status, 1) << end;
     EXPECT_EQ(result.out, "") << end;
