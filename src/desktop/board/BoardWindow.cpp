@@ -55,6 +55,8 @@ BoardWindow::BoardWindow(BoardFeed feed)
       frequency_(feed_.board, saving_) {
   setObjectName(QStringLiteral("boardWindow"));
   setWindowTitle(QStringLiteral("Virtual board"));
+  // Looked at when the native window is made: later it would be too late.
+  setAttribute(Qt::WA_ShowWithoutActivating);
   auto* const column = new QVBoxLayout(this);
   fillHeader(*column);
 
@@ -182,16 +184,12 @@ void BoardWindow::toggle() {
     hide();
     return;
   }
-  QWidget* const before = QApplication::activeWindow();
-  setAttribute(Qt::WA_ShowWithoutActivating);
   if (isMinimized()) {
     showNormal();
   } else {
     show();
   }
   raise();
-  // Some window managers hand the keyboard to whatever opens.
-  if (before && before != this) before->activateWindow();
 }
 
 void BoardWindow::openBeside(QWidget* other) {
@@ -204,7 +202,6 @@ void BoardWindow::openBeside(QWidget* other) {
     return;
   }
   placeBeside(*other);
-  setAttribute(Qt::WA_ShowWithoutActivating);
   show();
   if (frameGeometry().intersects(other->frameGeometry())) other->raise();
 }

@@ -202,13 +202,14 @@ void WirePlot::drawWires(QPainter& painter, const Rows& rows, const Pens& pens) 
 
 void WirePlot::drawWire(QPainter& painter, bool board::Levels::*wire, double high, double low) const {
   const QRectF box = area();
-  const double stroke = 1.5;
+  // Whole pixels of the device, so that all lines are of one width.
+  const double stroke = std::max(1.0, std::floor(1.5 * devicePixelRatioF())) / devicePixelRatioF();
   const QColor color = painter.pen().color();
   // Filled rectangles: a stroked line of so many corners takes the toolkit ten times as long.
   const auto fill = [&](double left, double right, double top, double bottom) {
     painter.fillRect(QRectF(left, top, right - left + stroke, bottom - top + stroke), color);
   };
-  const auto yOf = [&](const board::Levels& levels) { return levels.*wire ? high : low; };
+  const auto yOf = [&](const board::Levels& levels) { return std::floor(levels.*wire ? high : low); };
   const auto first = std::ranges::lower_bound(places_, span().from());
   auto index = static_cast<std::size_t>(first - places_.begin());
   double y = yOf(index == 0 ? stretch_.before : stretch_.changes[index - 1].levels);
@@ -220,7 +221,7 @@ void WirePlot::drawWire(QPainter& painter, bool board::Levels::*wire, double hig
     const double edge = std::floor(xOf(places_[index]));
     if (edge > x || x == box.left()) {
       fill(x, edge, y, y);
-      fill(edge, edge, high, low);
+      fill(edge, edge, std::floor(high), std::floor(low));
     }
     x = edge;
     y = next;
