@@ -29,8 +29,8 @@ Detector detectorOfFile(const PLL& pll) {
 
 Detector detectorOfPanel(const PLL& pll, double R) {
   requireAboveZero("R counter", R);
-  requireAboveZero("Fosc", pll.Fosc, " MHz");
-  requireAboveZero("Fcomp", pll.Fcomp, " kHz");
+  requireAboveZero("Reference Frequency", pll.Fosc, " MHz");
+  requireAboveZero("Step Resolution", pll.Fcomp, " kHz");
   const double D = leadingNumber(pll.R1_DoublerEnable);
   const double T = leadingNumber(pll.R1_REF2);
   const Single PFD = toSingle(pll.Fosc * ((1 + D) / (R * (1 + T))));

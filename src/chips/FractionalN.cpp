@@ -19,8 +19,8 @@ void PLL::CalcADF4252() {
   const double R = leadingNumber(RF_R_Counter);
   const Integer counter = leadingInteger(RF_R_Counter, "R counter");
   requireAboveZero("R counter", counter);
-  requireAboveZero("Fosc", Fosc, " MHz");
-  requireAboveZero("Fcomp", Fcomp, " kHz");
+  requireAboveZero("Reference Frequency", Fosc, " MHz");
+  requireAboveZero("Step Resolution", Fcomp, " kHz");
 
   const Single PFD = toSingle(Fosc * ((1 + D) / R));
   const double INT = roundDown(Fvco / PFD);
@@ -96,8 +96,8 @@ void PLL::calcADF4153Words() {
   requireAboveZero("R counter", RTotal);
   const Single PFD = toSingle(Fosc * ((1 + D) / RTotal));
   if (module_.view != nullptr) module_.view->showDetectorFrequency(detectorCaption(PFD));
-  requireAboveZero("Fosc", Fosc, " MHz");
-  requireAboveZero("Fcomp", Fcomp, " kHz");
+  requireAboveZero("Reference Frequency", Fosc, " MHz");
+  requireAboveZero("Step Resolution", Fcomp, " kHz");
 
   const double INT = roundDown(Fvco / PFD);
   double MOD = roundDown(PFD * 1000.0 / Fcomp + 0.0001);

@@ -35,6 +35,12 @@ constexpr std::size_t kBitsBeforeCurrentSet2 = 16;
 
 }  // namespace
 
+// A band that holds the frequency and names no setting counts as none.
+String PLL::currentSetting2() const {
+  const String setting = CurrentSet2.settingAt(toSingle(Fvco));
+  return setting.empty() ? CurrentSet2.firstSetting() : setting;
+}
+
 void PLL::CalcADFWords() {
   const String A = shiftingField("A", roundHalfUp(ACount), 6);
   const String B = shiftingField("B", BCount, 13);
@@ -42,12 +48,14 @@ void PLL::CalcADFWords() {
   // Nothing can be refused from here on.
 
   const bool fromFile = module_.CurrentModel == "ADF4113" && !SetupFile_ADF4113.empty();
-  const String setting = fromFile ? bandSetting() : String();
+  const String setting = fromFile ? currentSetting2() : String();
   const bool usable = isCurrentSetting(setting);
-  if (usable && !FAnalogDevice.empty()) {
+  // Without a usable one the panel's comes back, which the band before may have replaced.
+  const String set2 = usable ? ReverseStr(setting) : PanelCurrentSet2;
+  if (fromFile && !set2.empty() && !FAnalogDevice.empty()) {
     FAnalogDevice = joined({
         FAnalogDevice.substr(0, kBitsBeforeCurrentSet2),
-        ReverseStr(setting),
+        set2,
         FAnalogDevice.substr(FAnalogDevice.size() - 1),
     });
   }

@@ -52,7 +52,7 @@ bool startsWithNumber(std::string_view text) {
 
 void PLL::CalcSKY72300() {
   requireRange("Main reference division", Main_RefDiv, 1, kMaxRefDiv);
-  requireAboveZero("Fosc", Fosc, " MHz");
+  requireAboveZero("Reference Frequency", Fosc, " MHz");
   const double C = Fosc / Main_RefDiv;
   const Division division = divisionOf(Fvco, C);
 
@@ -62,8 +62,11 @@ void PLL::CalcSKY72300() {
   const String lowerF = fracField.substr(10);
   const String refDivField = naturalField("Main reference division", Main_RefDiv - 1, 5);
   const String auxPump = naturalField("Auxiliary charge pump", Aux_ChrgPump, kPumpWidth);
-  const bool fromFile = !SetupFile_ADF4113.empty();
-  const String setting = fromFile ? bandSetting() : String();
+  const bool ownFile = !SetupFile_SKY72300.empty();
+  const String& file = ownFile ? SetupFile_SKY72300 : SetupFile_ADF4113;
+  const bool fromFile = !file.empty();
+  const BandTable& bands = ownFile ? ChrgPumpBands : CurrentSet2;
+  const String setting = fromFile ? bands.settingAt(toSingle(Fvco)) : String();
   const bool usable = startsWithNumber(setting);
   if (usable)
     requireRange("Charge pump of the band file", roundHalfEven(leadingNumber(setting)), 0, kMaxPump);
@@ -98,8 +101,8 @@ void PLL::CalcSKY72300() {
   // Told at the end: while the box is open another command may run.
   if (fromFile && !usable) {
     module_.platform.screen.messageBox(
-        joined({"\"", SetupFile_ADF4113, "\" gives no charge-pump value for ", messageNumber(Fvco),
-                " MHz (\"", setting, "\"). The panel's main charge pump is used."}),
+        joined({"\"", file, "\" gives no charge-pump value for ", messageNumber(Fvco), " MHz (\"", setting,
+                "\"). The panel's main charge pump is used."}),
         Icon::critical);
   }
 }

@@ -15,6 +15,11 @@ namespace {
 // Lifts a quotient that misses a whole number by the noise of the division.
 constexpr double kQuotientGuard = 0.000000001;
 
+// A text of some hundred digits is read as infinite.
+void requireFinite(const char* name, double MHz) {
+  if (!std::isfinite(MHz)) throw Fault(std::string(name) + " is too large");
+}
+
 }  // namespace
 
 bool PLL::CalcRegisters() {
@@ -46,6 +51,9 @@ bool PLL::CalcRegisters() {
 
 // N = P * B + A; A keeps its fraction, and may lie a hair below 0 where the guard has lifted B.
 void PLL::splitTotal() {
+  if (PreScalar < 0) throw Fault("PreScalar = " + messageNumber(PreScalar) + " must be above 0");
+  requireFinite("VCO Output Frequency", Fvco);
+  requireFinite("Reference Frequency", Fosc);
   const double total = Fvco * 1000 / Fcomp;  // MHz against kHz
   const double reference = Fosc * 1000 / Fcomp;
   if (!std::isfinite(total) || !std::isfinite(reference)) {

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "engine/BandTable.h"
 #include "engine/Types.h"
 
 namespace tessarine {
@@ -36,6 +37,7 @@ class PLL {
   String LDPrecision;
   String CPGain;
   String FAnalogDevice;
+  String PanelCurrentSet2;  // of FAnalogDevice as the panel has it: a band file replaces it there
   String RFcontrolREG;
   String MasterReg;
   String RFRefDoubler;
@@ -129,6 +131,7 @@ class PLL {
   String SetupFile_ADF4113;
   String SetupText_ADF4113;
   Integer Setup_ADF4113_NoOfCurrentSet2 = 0;
+  String SetupFile_SKY72300;  // bands of charge-pump values; empty: those of SetupFile_ADF4113 count
 
   // The panel of the SKY72300-362.
   Integer Main_RefDiv = 0;
@@ -140,6 +143,14 @@ class PLL {
   String MultiplexerReg;
   String ModulationControlReg;
   String ModulationDataReg;
+
+  // Part of the class for whoever holds one; the program itself has no use for them.
+  Integer DataAddress = 0;
+  Integer LEAddress = 0;
+  Integer ClockAddress = 0;
+  bool PhasePolarity = false;
+  Single SwitchTimeTol = 0;
+  Single SwitchTimeRefValue = 0;
 
   // Operations.
   void PowerUpInit_ADF4193();
@@ -162,6 +173,7 @@ class PLL {
   void Set_PE3342();
   void UpdateSetup_ADF4113();
   void UpdateSetup_Frac_old();
+  void UpdateSetup_SKY72300();
 
  private:
   friend struct PLLProbe;  // tests and benchmarks look at single steps through it
@@ -177,6 +189,7 @@ class PLL {
 
   // chips/
   void CalcADFWords();
+  [[nodiscard]] String currentSetting2() const;
   void CalcLMXWords();
   void CalcLMX2315Words();
   void CalcADF4252();
@@ -210,12 +223,9 @@ class PLL {
   void readFracSetup(bool withKeys);
   void takeFracSetup(std::string_view text, bool withKeys);
   void takeBandSetup(std::string_view text);
-  [[nodiscard]] String bandSetting() const;
 
-  // One row per band of VCO frequency (bounds in MHz, inclusive; code reversed against the file).
-  std::vector<Single> CurrentSet2Low;
-  std::vector<Single> CurrentSet2High;
-  std::vector<String> CurrentSet2Code;
+  BandTable CurrentSet2;            // of SetupFile_ADF4113
+  BandTable ChrgPumpBands;          // of SetupFile_SKY72300
   std::vector<Integer> PhaseTable;  // phase per FRAC, with one spare element behind the last line
 
   // Working numbers of the divider calculation.

@@ -51,8 +51,14 @@ void PLL::SetPLL(bool CheckCurrentRegValue) {
   } else {
     setControlBits(model);
   }
-  // A word that a refused calculation has left alone must go out right the next time.
-  if (CalcRegisters() && module_.CurrentModel == kSKY72300) turned.replaced();
+  try {
+    // A word that a refused calculation has left alone must go out right the next time.
+    if (CalcRegisters() && module_.CurrentModel == kSKY72300) turned.replaced();
+  } catch (const Fault&) {
+    // The last of the words that are out already has left load enable high.
+    if (model == kSKY72300) PortWrite(module_, module_.PortAddress, 0);
+    throw;
+  }
   sendWords(CheckCurrentRegValue);
   PortWrite(module_, module_.PortAddress, 0);
   if (DelayAfterLock > 0) DelayMs(module_, toInteger(DelayAfterLock * 1000.0, "Delay after lock"));

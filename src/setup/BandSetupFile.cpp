@@ -2,7 +2,6 @@
 
 #include <limits>
 #include <string>
-#include <utility>
 
 #include "engine/BitStrings.h"
 #include "engine/Numbers.h"
@@ -70,23 +69,13 @@ void PLL::UpdateSetup_ADF4113() {
 
 // All of it or, with a Fault, nothing.
 void PLL::takeBandSetup(std::string_view text) {
-  BandTable table = parseBandTable(text, SetupFile_ADF4113);
-  Setup_ADF4113_NoOfCurrentSet2 = static_cast<Integer>(table.low.size());
-  CurrentSet2Low = std::move(table.low);
-  CurrentSet2High = std::move(table.high);
-  CurrentSet2Code = std::move(table.code);
+  CurrentSet2 = parseBandTable(text, SetupFile_ADF4113);
+  Setup_ADF4113_NoOfCurrentSet2 = static_cast<Integer>(CurrentSet2.code.size());
 }
 
-// The setting, as the file has it, of the last band that holds Fvco, else of the first; empty without any.
-String PLL::bandSetting() const {
-  const Single frequency = toSingle(Fvco);
-  const auto rows = static_cast<std::size_t>(Setup_ADF4113_NoOfCurrentSet2);
-  String code;
-  for (std::size_t i = 0; i < rows; ++i) {
-    if (frequency >= CurrentSet2Low[i] && frequency <= CurrentSet2High[i]) code = CurrentSet2Code[i];
-  }
-  if (code.empty() && rows > 0) code = CurrentSet2Code.front();
-  return ReverseStr(code);
+void PLL::UpdateSetup_SKY72300() {
+  if (SetupFile_SKY72300.empty()) return;
+  ChrgPumpBands = parseBandTable(readTextFile(SetupFile_SKY72300), SetupFile_SKY72300);
 }
 
 }  // namespace tessarine

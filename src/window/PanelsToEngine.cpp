@@ -1,11 +1,13 @@
 // Copies all panels, whatever the model, into the engine just before a command computes, and reads both setup
 // files anew.
 #include <algorithm>
+#include <utility>
 
 #include "engine/BitStrings.h"
 #include "engine/Numbers.h"
 #include "engine/PLL.h"
 #include "engine/Rounding.h"
+#include "platform/Fault.h"
 #include "window/PllForm1.h"
 
 namespace tessarine {
@@ -32,6 +34,20 @@ String lockDetectEnable(const Label& label) {
   return label.Caption.get().find("Lock D") != std::string::npos ? "0" : "1";
 }
 
+// Names the setup file of a field and reads it. A file that is refused leaves the name as well as the values
+// of the one before; the message tells the field's prompt, since it may stand on a panel that is not in
+// sight.
+template <class Read>
+void readSetup(String& name, const TextBox& field, const Label& prompt, Read&& read) {
+  const String before = std::exchange(name, field.Text.get());
+  try {
+    read();
+  } catch (const Fault& fault) {
+    name = before;
+    throw Fault(std::string(fault.what()) + " (\"" + prompt.Caption.get() + "\")");
+  }
+}
+
 }  // namespace
 
 void PllForm1::FracRegister() {
@@ -42,10 +58,8 @@ void PllForm1::FracRegister() {
   takeADF415xPanel();
   takeADF4193Panel();
 
-  pll.SetupFileName = Text38.Text;
-  pll.UpdateSetup_Frac();
-  pll.SetupFile_ADF4113 = Text40.Text;
-  pll.UpdateSetup_ADF4113();
+  readSetup(pll.SetupFileName, Text38, SetupLabel, [&] { pll.UpdateSetup_Frac(); });
+  readSetup(pll.SetupFile_ADF4113, Text40, Label62(7), [&] { pll.UpdateSetup_ADF4113(); });
 
   if (module_.CurrentModel == "SKY72300-362") takeSKYPanel();
 }
@@ -53,6 +67,7 @@ void PllForm1::FracRegister() {
 void PllForm1::takeFunctionLatch() {
   PLL& pll = module_.ThePLL();
   pll.FAnalogDevice = bitRow(Label31, 19);
+  pll.PanelCurrentSet2 = pll.FAnalogDevice.substr(16, 3);
   pll.FuncInit = Label33(1).Caption;
   pll.CPGain = Option3(1).Value ? "1" : "0";
 }
@@ -143,12 +158,8 @@ void PllForm1::takeTimers() {
 
 void PllForm1::takeSKYPanel() {
   PLL& pll = module_.ThePLL();
-  if (!Text47.Text.get().empty()) {
-    // The charge-pump table of this chip is the band table; its own field wins over the one on Frame11.
-    pll.SetupFileName = Text47.Text;
-    pll.SetupFile_ADF4113 = Text47.Text;
-    pll.UpdateSetup_ADF4113();
-  }
+  readSetup(pll.SetupFile_SKY72300, Text47, Label62(9), [&] { pll.UpdateSetup_SKY72300(); });
+  if (!Text47.Text.get().empty()) pll.SetupFileName = Text47.Text;
   pll.Main_ChrgPump = integerOf(Text46(2), "Main: chrg pump");
   pll.Aux_ChrgPump = integerOf(Text46(3), "Aux: chrg pump");
   pll.Main_LDEnable = lockDetectEnable(Label70);

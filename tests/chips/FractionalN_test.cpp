@@ -144,8 +144,8 @@ TEST(FractionalN, AnADF4153FaultIsShownAndKeepsTheWordsBuiltBeforeIt) {
     std::size_t newWords;  // of N, R, control, noise
   } cases[] = {
       {[](PLL& p) { p.RCounter_4531 = 0; }, "R counter = 0 must be above 0", 0},
-      {[](PLL& p) { p.Fosc = 0; }, "Fosc = 0 MHz must be above 0", 0},
-      {[](PLL& p) { p.Fcomp = 0; }, "Fcomp = 0 kHz must be above 0", 0},
+      {[](PLL& p) { p.Fosc = 0; }, "Reference Frequency = 0 MHz must be above 0", 0},
+      {[](PLL& p) { p.Fcomp = 0; }, "Step Resolution = 0 kHz must be above 0", 0},
       {[](PLL& p) { p.Fvco = 5120; }, "INT = 512 does not fit 9 bits (0 to 511)", 0},
       {[](PLL& p) { p.Fcomp = 2, p.Fvco = 1009; }, "FRAC = 4500 does not fit 12 bits (0 to 4095)", 0},
       {[](PLL& p) { p.Fcomp = 0.1, p.Normal_LCD_Mode_4531 = 1; },

@@ -26,9 +26,9 @@ struct PLLProbe {
   static const String& prevR2(const PLL& pll) { return pll.Prev_R2; }
 
   static std::vector<Integer>& phaseTable(PLL& pll) { return pll.PhaseTable; }
-  static std::vector<Single>& bandLow(PLL& pll) { return pll.CurrentSet2Low; }
-  static std::vector<Single>& bandHigh(PLL& pll) { return pll.CurrentSet2High; }
-  static std::vector<String>& bandCode(PLL& pll) { return pll.CurrentSet2Code; }
+  static std::vector<Single>& bandLow(PLL& pll) { return pll.CurrentSet2.low; }
+  static std::vector<Single>& bandHigh(PLL& pll) { return pll.CurrentSet2.high; }
+  static std::vector<String>& bandCode(PLL& pll) { return pll.CurrentSet2.code; }
 };
 
 }  // namespace tessarine

@@ -1,4 +1,3 @@
-#include <fstream>
 
 #include "support/ProgramBench.h"
 
@@ -270,24 +269,6 @@ TEST(Panels, ValueBeyond16BitsIsOneMessageThatNamesItsField) {
     EXPECT_NE(bench.messages()[0].find("40000"), std::string::npos) << bench.messages()[0];
     EXPECT_TRUE(bench.host.port.accesses.empty()) << "nothing is sent";
   }
-}
-
-TEST(Panels, SKYReadsItsOwnBandFileBeforeThatOfTheOtherPanel) {
-  const auto fileWith = [](const char* name, const char* row) {
-    std::string path = testing::TempDir() + name;
-    std::ofstream(path) << "! bands\n" << row << "\n! end\n";
-    return path;
-  };
-  ProgramBench bench;
-  bench.open();
-  bench.pick("SKY72300-362");
-  bench.window.Text40.Text = fileWith("one.txt", "1 2 3");
-  bench.window.FracRegister();
-  EXPECT_EQ(bench.pll.SetupFile_ADF4113, bench.window.Text40.Text.get());
-  bench.window.Text47.Text = fileWith("two.txt", "4 5 6\n7 8 9");
-  bench.window.FracRegister();
-  EXPECT_EQ(bench.pll.SetupFile_ADF4113, bench.window.Text47.Text.get());
-  EXPECT_EQ(bench.pll.Setup_ADF4113_NoOfCurrentSet2, 2);
 }
 
 }  // namespace
