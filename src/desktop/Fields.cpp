@@ -128,10 +128,18 @@ class EditableDropDown : public DropDown {
   }
 
   void take(Aspect aspect) override {
+    const bool mayDiffer = aspect == Aspect::Text || aspect == Aspect::List || aspect == Aspect::ListIndex;
+    if (!mayDiffer) {
+      DropDown::take(aspect);
+      return;
+    }
+    // A change of the list item rewrites the field: the operator must be able to type on where he was.
+    const QString before = lineEdit()->text();
+    const int cursor = lineEdit()->cursorPosition();
     DropDown::take(aspect);
     const QString text = toQt(box_.Text);
-    const bool mayDiffer = aspect == Aspect::Text || aspect == Aspect::List || aspect == Aspect::ListIndex;
-    if (mayDiffer && text != lineEdit()->text()) lineEdit()->setText(text);
+    if (text != lineEdit()->text()) lineEdit()->setText(text);
+    if (text == before) lineEdit()->setCursorPosition(cursor);
   }
 
  private:

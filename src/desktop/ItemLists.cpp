@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QStyledItemDelegate>
+#include <utility>
 
 #include "desktop/ControlWidget.h"
 #include "desktop/Style.h"
@@ -112,13 +113,21 @@ class ItemList : public QListView, public ControlWidget {
  protected:
   void currentChanged(const QModelIndex& current, const QModelIndex& previous) override {
     QListView::currentChanged(current, previous);
-    if (!following_ && current.isValid()) hands_.pick(list_, current.row());
+    if (following_ || !current.isValid()) return;
+    clickToHandOver_ = false;
+    hands_.pick(list_, current.row());
+  }
+
+  // A click on the row that is the current one already counts as well.
+  void mousePressEvent(QMouseEvent* event) override {
+    clickToHandOver_ = event->button() == Qt::LeftButton;
+    QListView::mousePressEvent(event);
   }
 
   void mouseReleaseEvent(QMouseEvent* event) override {
     QListView::mouseReleaseEvent(event);
     const QModelIndex row = indexAt(event->position().toPoint());
-    if (row.isValid() && row.row() != list_.ListIndex) hands_.pick(list_, row.row());
+    if (std::exchange(clickToHandOver_, false) && row.isValid()) hands_.pick(list_, row.row());
   }
 
   // Enter goes into a directory; in other lists it is the window's.
@@ -138,7 +147,8 @@ class ItemList : public QListView, public ControlWidget {
   Hands& hands_;
   Rows rows_;
   AiryRows airy_;
-  bool following_ = false;  // the list shows what the model did
+  bool following_ = false;        // the list shows what the model did
+  bool clickToHandOver_ = false;  // the mouse is down and no row has been picked by that
 };
 
 class DirectoryList : public ItemList {

@@ -46,8 +46,13 @@ void BrowseForm::Form_Load() {
   std::string start = std::filesystem::current_path(vanished).string();
   if (vanished) start = kLastResort;
   Drive1.select(start);
-  ignoringErrors("an unreadable directory shows an empty list", [&] { Dir1.enter(start); });
-  Dir1_Change();
+  // An unreadable directory is shown all the same, with empty lists.
+  if (Dir1.Path == start) {
+    Dir1.refresh();
+    Dir1_Change();
+  } else {
+    Dir1.Path = start;
+  }
 }
 
 void BrowseForm::Drive1_Change() {
@@ -58,6 +63,8 @@ void BrowseForm::Drive1_Change() {
     std::filesystem::current_path(drive);
     Dir1.enter(drive);
   } catch (const std::exception&) {
+    std::error_code vanished;
+    std::filesystem::current_path(Dir1.Path.get(), vanished);
     // No medium, no permission: back to the drive of the directory on show.
     if (!Drive1.select(Dir1.Path)) Drive1.select(kLastResort);
   }

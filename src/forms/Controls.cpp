@@ -66,9 +66,11 @@ ComboBox::ComboBox(Container& in, std::string name, int index, std::string text)
 }
 
 void ComboBox::rebuild(std::vector<std::string> items) {
+  picking_ = true;
   ListIndex = -1;
   List = std::move(items);
   Text = std::string();
+  picking_ = false;
 }
 
 void ComboBox::pick(int item) {

@@ -99,7 +99,7 @@ class ComboBox : public ListControl {
  public:
   ComboBox(Container& in, std::string name, int index, std::string text);
   [[nodiscard]] std::string value() const override { return Text; }
-  // Puts a new list in place of the old one; the text goes with it.
+  // Puts a new list in place of the old one; the text goes with it. Raises nothing.
   void rebuild(std::vector<std::string> items);
   // Picks an item: its text is taken over and Click is raised.
   void pick(int item);

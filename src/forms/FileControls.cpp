@@ -94,9 +94,15 @@ void DriveListBox::changed(Aspect aspect) {
 DirListBox::DirListBox(Container& in, std::string name, int index, std::string /*ignored*/)
     : ListControl(Kind::DirListBox, &in, std::move(name), index) {}
 
+// Opening it is the one sure test.
+bool DirListBox::canEnter(const std::string& path) {
+  std::error_code error;
+  const fs::directory_iterator probe(path, error);
+  return !error;
+}
+
 void DirListBox::enter(const std::string& path) {
   const fs::path target = fs::absolute(path.empty() ? "/" : path).lexically_normal();
-  // Opening it is the one sure test that it can be entered.
   const fs::directory_iterator probe(target);
   std::string text = target.string();
   if (text.size() > 1 && text.ends_with('/')) text.pop_back();
@@ -110,12 +116,10 @@ void DirListBox::enter(const std::string& path) {
 void DirListBox::enterItem(int item) {
   if (item < 0 || static_cast<std::size_t>(item) >= paths_.size()) return;
   const std::string path = paths_[static_cast<std::size_t>(item)];
-  std::error_code error;
-  const fs::directory_iterator probe(path, error);
-  if (error) {
-    refresh();
-  } else {
+  if (canEnter(path)) {
     enter(path);
+  } else {
+    refresh();
   }
 }
 

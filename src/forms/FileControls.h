@@ -27,6 +27,7 @@ class DirListBox : public ListControl {
  public:
   DirListBox(Container& in, std::string name, int index, std::string ignored);
   [[nodiscard]] std::string value() const override { return Path; }
+  [[nodiscard]] static bool canEnter(const std::string& path);
   // Moves to a directory. Throws std::filesystem::filesystem_error when it cannot be read.
   void enter(const std::string& path);
   // Moves to the directory of a list line; one that has vanished is taken off the list instead.

@@ -92,6 +92,9 @@ Operator::Refusal Operator::click(Control& control) {
 
 Operator::Refusal Operator::doubleClick(Control& control) {
   if (auto why = refusal(control)) return why;
+  if (!isList(control.kind()) && !control.DblClick) {
+    return forms_.nameOf(control) + " is not for double-clicking";
+  }
   run([&] {
     forms_.activate(control.form());
     if (control.kind() == Kind::DirListBox) {
@@ -131,6 +134,9 @@ Operator::Refusal Operator::pick(Control& control, int item) {
     forms_.activate(control.form());
     if (control.kind() == Kind::ComboBox) {
       static_cast<ComboBox&>(control).pick(item);
+    } else if (control.kind() == Kind::FileListBox && list.ListIndex == item) {
+      // A click on the file that is selected already counts: its name may have been cleared since.
+      if (const Event handler = control.Click) handler();
     } else {
       list.ListIndex = item;
     }
@@ -144,7 +150,10 @@ Operator::Refusal Operator::set(Control& control, std::string_view value) {
     case Kind::CheckBox:
       if (value != "0" && value != "1") return name + " takes 0 or 1";
       if (auto why = refusal(control)) return why;
-      run([&] { static_cast<CheckBox&>(control).Value = value == "1" ? 1 : 0; });
+      run([&] {
+        forms_.activate(control.form());
+        static_cast<CheckBox&>(control).Value = value == "1" ? 1 : 0;
+      });
       return {};
     case Kind::OptionButton:
       if (value != "1") return name + " takes 1";
@@ -153,8 +162,10 @@ Operator::Refusal Operator::set(Control& control, std::string_view value) {
       if (auto why = refusal(control)) return why;
       if (const int item = itemWith(static_cast<ListControl&>(control), value); item >= 0) {
         run([&] { static_cast<DirListBox&>(control).enterItem(item); });
+      } else if (const std::string path(value); DirListBox::canEnter(path)) {
+        run([&] { static_cast<DirListBox&>(control).enter(path); });
       } else {
-        run([&] { static_cast<DirListBox&>(control).enter(std::string(value)); });
+        return name + " cannot enter \"" + path + '"';
       }
       return {};
     case Kind::DropList:

@@ -71,17 +71,24 @@ void PllForm1::showRegisterRows(bool fractional) {
   RCommand.Visible = false;
 }
 
+// Shows the bits by itself: the handler of a change lets events run, and another pick must not come in
+// between.
+void PllForm1::offerPrescalers(const std::vector<std::string>& items) {
+  PrescalarText.rebuild(items);
+  showPrescalerBits(true);
+}
+
 void PllForm1::showModelControls() {
   const std::string& model = module_.CurrentModel;
   if (model == "ADF4193") {
-    PrescalarText.rebuild(kDualModulusFractional);
+    offerPrescalers(kDualModulusFractional);
     showADF4193Controls();
   } else if (isFractional(model)) {
-    PrescalarText.rebuild(kDualModulusFractional);
+    offerPrescalers(kDualModulusFractional);
   } else if (isADF411x(model)) {
-    PrescalarText.rebuild(kDualModulusADF411x);
+    offerPrescalers(kDualModulusADF411x);
   } else if (model == "LMX2306" || model == "LMX2316" || model == "LMX2326") {
-    PrescalarText.rebuild(kDualModulusLMX);
+    offerPrescalers(kDualModulusLMX);
   } else if (model == "SKY72300-362") {
     // Visible, but without room until ACommand places it.
     Frame24.Move(1, 1, 1, 1);

@@ -122,6 +122,18 @@ TEST(GeneralMode, LockDetectOnUsbTurnsTheLampGreen) {
   EXPECT_EQ(lamp.pixelColor(8, lamp.height() / 2), QColor(0, 255, 0));
 }
 
+TEST(GeneralMode, APickedPrescalerIsEditedWhereTheCursorStands) {
+  Bench bench;
+  bench.startTuned();
+  bench.pick("PrescalarText", 1);
+  auto* const text = bench.find<QComboBox>("PrescalarText")->lineEdit();
+  ASSERT_EQ(text->text(), "16/17");
+  QTest::keyClick(text, Qt::Key_Home);
+  QTest::keyClick(text, Qt::Key_Delete);
+  QTest::keyClicks(text, "3");
+  EXPECT_EQ(bench.form().PrescalarText.Text.get(), "36/17");
+}
+
 TEST(GeneralMode, AFaultIsOneMessageAndNothingIsSent) {
   Bench bench;
   bench.startTuned();
