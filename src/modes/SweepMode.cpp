@@ -33,16 +33,13 @@ void PllForm1::StartSweepCommand_Click(int /*Index*/) {
 
 void PllForm1::startSweep() {
   PLL& pll = module_.ThePLL();
-  const Integer SweepDelay = leadingInteger(DelaySweepText1.Text.get(), "Delay");
-  const double SweepStep = leadingNumber(StepText1.Text.get());
-  if (AutoOption1.Value && SweepStep < 0) {
-    throw Fault("Step Size = " + plainDecimal(SweepStep, kStepDigits) +
-                " kHz leads away from the stop frequency: it must be 0 or above");
-  }
+  (void)readPace();  // refused before anything is sent
   readFrequencies();
   pll.Fvco = leadingNumber(StartText1.Text.get());
   if (module_.CurrentModel == "ADF4193") startADF4193();
 
+  // The operator may have typed while the power-up waited.
+  const auto [SweepStep, SweepDelay] = readPace();
   const double SweepFreq = leadingNumber(StartText1.Text.get());
   const double SweepStop = leadingNumber(StopText1.Text.get());
   if (SweepStop < SweepFreq) {
@@ -56,6 +53,16 @@ void PllForm1::startSweep() {
     showSweepFrequency();
     module_.platform.screen.repaint(Label15);
   }
+}
+
+PllForm1::Pace PllForm1::readPace() const {
+  const Pace pace{.step = leadingNumber(StepText1.Text.get()),
+                  .delay = leadingInteger(DelaySweepText1.Text.get(), "Delay")};
+  if (AutoOption1.Value && pace.step < 0) {
+    throw Fault("Step Size = " + plainDecimal(pace.step, kStepDigits) +
+                " kHz leads away from the stop frequency: it must be 0 or above");
+  }
+  return pace;
 }
 
 void PllForm1::runAutoSweep(double SweepFreq, double SweepStop, double SweepStep, Integer SweepDelay) {

@@ -96,6 +96,7 @@ void PllForm1::Close1_Click() {
   for (auto& [index, panel] : Frame2.members()) panel.Visible = false;
   DataFrame.Visible = false;
   Mode1.Enabled = false;
+  bringToFront(Picture1);  // a panel may be open
   Picture1.Visible = true;
   module_.platform.screen.processEvents();
 

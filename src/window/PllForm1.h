@@ -558,6 +558,7 @@ class PllForm1 : public Form, public EngineView {
   // Panels.
   void togglePanel(Frame& panel, Twips place);
   void hidePanels();
+  void offerPrescalers(const std::vector<std::string>& items);
   void showPrescalerBits(bool zeroWithoutMatch);
   void takeFunctionLatch();
   void takeADF425xPanel();
@@ -576,6 +577,11 @@ class PllForm1 : public Form, public EngineView {
   void showHop(const char* head, Integer hopsLeft);
   void showThreeWords();
   void startSweep();
+  struct Pace {
+    double step;    // kHz
+    Integer delay;  // ms
+  };
+  [[nodiscard]] Pace readPace() const;
   void runAutoSweep(double SweepFreq, double SweepStop, double SweepStep, Integer SweepDelay);
   void showSweepFrequency();
   void stepTo(double frequency);
