@@ -62,6 +62,8 @@ void VcdWriter::change(std::int64_t time, Levels levels) {
       out_ << digit(levels.*wire.level) << wire.code << '\n';
   }
   if (first) out_ << "$end\n";
+  // A program that is ended by a signal has saved every word that is out.
+  if (levels_.loadEnable && !levels.loadEnable) out_.flush();
   last_ = time;
   levels_ = levels;
 }
