@@ -1,7 +1,5 @@
 #include "NullPlatform.h"
 
-#include "platform/Fault.h"
-
 // Apart from the benchmarks, so that no call can be folded into the loop that makes it.
 namespace tessarine {
 
@@ -9,13 +7,5 @@ void NullPort::DlPortWritePortUchar(std::uint16_t, std::uint8_t value) { latch_ 
 std::uint8_t NullPort::DlPortReadPortUchar(std::uint16_t) { return latch_; }
 void NullPort::OutputByte1(std::uint16_t, std::uint8_t value) { latch_ = value; }
 std::uint8_t NullPort::InputByte1(std::uint16_t) { return latch_; }
-
-void NullScreen::sleepUntilEvent(double seconds) {
-  constexpr double secondsPerDay = 86400;
-  clock_.now += seconds;
-  if (clock_.now >= secondsPerDay) clock_.now -= secondsPerDay;
-}
-
-void NullScreen::endProgram() { throw ProgramEnded{}; }
 
 }  // namespace tessarine

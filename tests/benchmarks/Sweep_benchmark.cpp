@@ -5,39 +5,24 @@
 #include <string>
 
 #include "NullPlatform.h"
-#include "window/Program.h"
 
 namespace tessarine {
 namespace {
 
-// The working screen of an ADF4113 on a null port.
-struct Bench : NullPlatform {
-  Bench() {
-    program.start();
-    program.door.click(program.window.ContinueCommand);
-    program.door.click(program.window.pllM(9));
-    program.door.type(program.window.RefText, "10");
-    program.door.type(program.window.CompText, "100");
-    program.door.type(program.window.PrescalarText, "16/17");
-    program.door.click(program.window.Sweep1);
-    program.door.click(program.window.AutoOption1);
-    program.door.type(program.window.StartText1, "1000");
-    program.door.type(program.window.StepText1, "0.1");
-  }
-  Program program{platform};
-};
-
 void copyPanels(benchmark::State& state) {
-  Bench bench;
+  NullBench bench("ADF4113");
   for (auto _ : state) bench.program.window.FracRegister();
 }
 
 // Items are steps: "items_per_second" is the pace of a sweep without a delay.
 void sweep(benchmark::State& state) {
-  Bench bench;
+  NullBench bench("ADF4113");
   const auto steps = state.range(0);
-  bench.program.door.type(bench.program.window.StopText1,
-                          std::to_string(1000 + static_cast<double>(steps - 1) / 1e4));
+  bench.program.door.click(bench.program.window.Sweep1);
+  bench.program.door.click(bench.program.window.AutoOption1);
+  bench.type("StartText1", "1000");
+  bench.type("StepText1", "0.1");
+  bench.type("StopText1", std::to_string(1000 + static_cast<double>(steps - 1) / 1e4));
   for (auto _ : state) bench.program.door.click(bench.program.window.StartSweepCommand(0));
   state.SetItemsProcessed(state.iterations() * steps);
 }

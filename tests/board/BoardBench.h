@@ -3,28 +3,13 @@
 
 #include <cstdint>
 #include <sstream>
-#include <string>
 #include <string_view>
-#include <vector>
 
 #include "board/VirtualBoard.h"
+#include "board/WireTrace.h"
+#include "support/Words.h"
 
 namespace tessarine::board {
-
-struct Word {
-  std::uint32_t bits;
-  int width;
-};
-using Words = std::vector<Word>;
-
-// Words as text: "038092/24 C8/24".
-inline Words operator""_w(const char* text, std::size_t) {
-  std::istringstream in(text);
-  Words words;
-  Word word{};
-  for (char slash = 0; in >> std::hex >> word.bits >> slash >> std::dec >> word.width;) words.push_back(word);
-  return words;
-}
 
 // 900 MHz from 10 MHz: R 50, N 4500.
 inline const Words kSet4113 = "038092/24 0000C8/24 023211/24"_w;
@@ -57,17 +42,19 @@ class BoardBench {
     microseconds += 10'000;
   }
 
-  void load(const Word& word) {
-    std::string bits;
-    for (int bit = word.width - 1; bit >= 0; --bit) bits += (word.bits >> bit & 1U) != 0 ? '1' : '0';
-    load(bits);
-  }
   void load(const Words& words) {
-    for (const Word& word : words) load(word);
+    for (const std::string& word : words) load(std::string_view(word));
   }
 
   [[nodiscard]] std::uint32_t field(std::string_view registerName, std::string_view fieldName) {
     return board().chip()->value(registerName, fieldName);
+  }
+
+  // The trace as a value change dump.
+  [[nodiscard]] std::string vcd() {
+    std::ostringstream out;
+    saveVcd(board().trace(), board().lastWrite(), out);
+    return out.str();
   }
 
   std::int64_t microseconds = 1'000'000;

@@ -5,6 +5,7 @@
 #include <stdexcept>
 
 #include "board/BoardBench.h"
+#include "support/FakePlatform.h"
 
 namespace tessarine::board {
 namespace {
@@ -38,15 +39,16 @@ TEST(WireTap, ShowsTheSameWordsThatTheBoardGets) {
   shiftPort(tapped.tap, "0001000000001100101");
   tapped.tap.OutputByte1(0x37A, 4);  // another port
   tapped.tap.UsbShiftWord("B3", "B2", "B1", "B0", 0, "0001010000110001000");
-  tapped.tap.UsbWritePort("A", 2);  // no wire
   tapped.tap.UsbWritePort("B", 2);
+  EXPECT_EQ(tapped.tap.UsbReadPort("B"), 2);
+  tapped.tap.UsbWritePort("B", 0);
+  tapped.tap.UsbWritePort("A", 2);  // no wire
   const auto latches = tapped.seen.takeLatches();
-  EXPECT_EQ(latches, (std::vector<std::string>{"0001000000001100101", "0001000110000101000", ""}));
+  EXPECT_EQ(latches, (Words{"0001000000001100101", "0001000110000101000", ""}));
   EXPECT_EQ(tapped.real.board().takeLatches(), latches);
   EXPECT_DOUBLE_EQ(*tapped.seen.tuning().outputMHz, 900);
   EXPECT_EQ(tapped.tap.DlPortReadPortUchar(0x378), 0);
   EXPECT_EQ(tapped.tap.InputByte1(0x37A), 4);
-  EXPECT_EQ(tapped.tap.UsbReadPort("B"), 2);
   EXPECT_EQ(tapped.tap.UsbReadPin("A3"), 1);
 }
 
@@ -60,16 +62,11 @@ TEST(WireTap, ShowsNothingWhileNobodyListens) {
   EXPECT_EQ(tapped.real.board().takeLatches().size(), 2U);
 }
 
-class BrokenPort final : public PortDriver {
- public:
-  void DlPortWritePortUchar(std::uint16_t, std::uint8_t) override { throw std::runtime_error("no port"); }
-  std::uint8_t DlPortReadPortUchar(std::uint16_t) override { throw std::runtime_error("no port"); }
-};
-
 TEST(WireTap, AWriteThatFailsDidNotGoOut) {
   Tapped tapped;
-  BrokenPort broken;
-  WireTap tap(broken, tapped.real.port, tapped.real.port, [] { return Cable{}; });
+  FakePort broken;
+  broken.fails = [](const FakePort::Access&) { return true; };
+  WireTap tap(broken, broken, tapped.real.port, [] { return Cable{}; });
   tap.listen(&tapped.seen);
   EXPECT_THROW(tap.DlPortWritePortUchar(0x378, 1), std::runtime_error);
   EXPECT_THROW((void)tap.DlPortReadPortUchar(0x378), std::runtime_error);

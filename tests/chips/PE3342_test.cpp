@@ -9,28 +9,24 @@ namespace {
 
 // Each field in turn is all ones, so that every place of the word is claimed exactly once.
 TEST(PE3342, FieldsFoldedIntoOneWord) {
-  struct Case {
+  const struct {
     const char *R, *M, *A, *wire;
-  };
-  for (const Case& each : {Case{"111111", "000000000", "0000", "1100000000011110000"},
-                           {"000000", "111111111", "0000", "0011111111100000000"},
-                           {"000000", "000000000", "1111", "0000000000000001111"},
-                           {"100011", "010110100", "0010", "1001011010000110010"}}) {
+  } cases[] = {{"111111", "000000000", "0000", "1100000000011110000"},
+               {"000000", "111111111", "0000", "0011111111100000000"},
+               {"000000", "000000000", "1111", "0000000000000001111"},
+               {"100011", "010110100", "0010", "1001011010000110010"}};
+  for (const auto& c : cases) {
     EngineBench bench;
-    bench.pll.Rstr = each.R;
-    bench.pll.MStr = each.M;
-    bench.pll.Astr = each.A;
+    bench.pll.Rstr = c.R, bench.pll.MStr = c.M, bench.pll.Astr = c.A;
     bench.pll.Set_PE3342();
-    EXPECT_EQ(bench.host.port.latches(), std::vector<std::string>{each.wire});
-    EXPECT_EQ(bench.pll.Rstr, ReverseStr(each.R));
+    EXPECT_EQ(bench.host.port.latches(), Words{c.wire});
+    EXPECT_EQ(bench.pll.Rstr, ReverseStr(c.R));
   }
 }
 
 TEST(PE3342, AFieldOfTheWrongLengthIsRefused) {
   EngineBench bench;
-  bench.pll.Rstr = "100011";
-  bench.pll.MStr = "01011010";
-  bench.pll.Astr = "0010";
+  bench.pll.Rstr = "100011", bench.pll.MStr = "01011010", bench.pll.Astr = "0010";
   EXPECT_EQ(faultOf([&] { bench.pll.Set_PE3342(); }),
             "The field M of the PE3342 has 8 bits where it needs 9");
   EXPECT_EQ(bench.pll.Rstr, "100011");

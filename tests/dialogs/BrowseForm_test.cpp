@@ -9,7 +9,6 @@ namespace tessarine {
 namespace {
 
 namespace fs = std::filesystem;
-using Names = std::vector<std::string>;
 
 // A small tree of files that the browser walks; the process's directory is put back afterwards.
 struct BrowseFormTest : testing::Test {
@@ -20,8 +19,6 @@ struct BrowseFormTest : testing::Test {
       std::ofstream(root_ / name) << "!\n";
     }
     fs::current_path(root_ / "setups");
-    bench_.open();
-    bench_.pick("ADF4193");
     bench_.set("Text38", "before");
   }
   ~BrowseFormTest() override {
@@ -33,19 +30,20 @@ struct BrowseFormTest : testing::Test {
     bench_.host.screen.whileModal = [&](forms::Form&) { work(); };
     bench_.click("Command13");
   }
-  Names files() { return bench_.window.browseForm.File1.List; }
+  Texts files() { return bench_.window.browseForm.File1.List; }
   std::string in(const std::string& name) { return (root_ / name).string(); }
 
   fs::path before_ = fs::current_path();
   fs::path root_ = fs::canonical(fs::path(testing::TempDir())) / ("browse" + std::to_string(::getpid()));
-  ProgramBench bench_;
+  ProgramBench bench_{"ADF4193"};
 };
 
 TEST_F(BrowseFormTest, TakesThePickedFile) {
+  bench_.host.host.roots = {"/", in("set")};
   browse([&] {
     EXPECT_EQ(bench_.window.browseForm.Place.get().Left, 4170);
     EXPECT_EQ(bench_.value("BrowseForm.Label4"), in("setups"));
-    EXPECT_EQ(files(), (Names{"ADF4193.txt", "adf4113.txt", "bänd.set", "plain"}));
+    EXPECT_EQ(files(), (Texts{"ADF4193.txt", "adf4113.txt", "bänd.set", "plain"}));
     bench_.set("BrowseForm.File1", "adf4113.txt");
     EXPECT_EQ(bench_.value("BrowseForm.Text2"), "adf4113.txt");
     EXPECT_TRUE(bench_.program.door.click(bench_.window.AllCommand)) << "the main window is blocked";
@@ -76,12 +74,12 @@ TEST_F(BrowseFormTest, ListsFollowDirectoryPatternAndName) {
   browse([&] {
     auto& form = bench_.window.browseForm;
     bench_.set("BrowseForm.Text1", "*.txt; *.set");
-    EXPECT_EQ(files(), (Names{"ADF4193.txt", "adf4113.txt", "bänd.set"}));
+    EXPECT_EQ(files(), (Texts{"ADF4193.txt", "adf4113.txt", "bänd.set"}));
     bench_.set("BrowseForm.Text2", "ADF");
     EXPECT_EQ(form.File1.Pattern.get(), "ADF*.*");
-    EXPECT_EQ(files(), Names{"ADF4193.txt"});
+    EXPECT_EQ(files(), Texts{"ADF4193.txt"});
     bench_.set("BrowseForm.Text1", "b?nd*");
-    EXPECT_EQ(files(), Names{"bänd.set"});
+    EXPECT_EQ(files(), Texts{"bänd.set"});
     bench_.set("BrowseForm.Dir1", "old ones");
     EXPECT_TRUE(files().empty());
     EXPECT_EQ(fs::current_path(), root_ / "setups" / "old ones");
@@ -93,7 +91,7 @@ TEST_F(BrowseFormTest, ListsFollowDirectoryPatternAndName) {
   });
 }
 
-TEST_F(BrowseFormTest, DoubleClickAcceptsAndTypedNamesPassUnchecked) {
+TEST_F(BrowseFormTest, DoubleClickAcceptsAndTypedTextsPassUnchecked) {
   browse([&] {
     bench_.set("BrowseForm.File1", "plain");
     EXPECT_FALSE(bench_.program.door.doubleClick(bench_.window.browseForm.File1));

@@ -1,6 +1,5 @@
 #include "forms/Build.h"
 #include "forms/Operator.h"
-#include "platform/Fault.h"
 #include "support/ProgramBench.h"
 
 namespace tessarine {
@@ -11,7 +10,6 @@ using namespace forms;
 struct Sample : Form {
   explicit Sample(FormList& list) : Form(list, "Sample", "A sample") {}
   void note(int index) { seen += std::to_string(index) + " "; }
-  void fail() { throw Fault("N = 300 does not fit"); }
   std::string seen;
 
   One<Frame> Left{*this, "Left", "left", {}};
@@ -24,7 +22,6 @@ struct Sample : Form {
                                  {1, Right, "other group", {}, {selected}},
                              },
                              click(this, &Sample::note)};
-  One<CommandButton> Failing{Left, "Failing", "fails", {}, click(this, &Sample::fail)};
   One<CommandButton> Off{Left, "Off", "off", {}, disabled};
   One<DropList> List{Left, "List", "", {}, items({"x", "y"}), click(this, &Sample::count)};
   One<ComboBox> Combo{Left, "Combo", "", {}, click(this, &Sample::count), change(this, &Sample::count)};
@@ -93,13 +90,7 @@ TEST_F(FormsTest, TheDoorRefusesWhatTheOperatorCannotReach) {
   EXPECT_EQ(door.click(sample.Off).value_or(""), "Off is disabled");
   EXPECT_EQ(door.set(sample.List, "z").value_or(""), "List has no item \"z\"");
   sample.Left.Enabled = false;
-  EXPECT_EQ(door.click(sample.Failing).value_or(""), "Failing is disabled");
-}
-
-TEST_F(FormsTest, AFaultBecomesOneMessageAtTheDoor) {
-  EXPECT_FALSE(door.click(sample.Failing));
-  EXPECT_EQ(host.screen.messages,
-            (std::vector<Message>{{"N = 300 does not fit", Icon::critical, "Tessarine"}}));
+  EXPECT_EQ(door.click(sample.Bits(0)).value_or(""), "Bits(0) is disabled");
 }
 
 }  // namespace

@@ -12,10 +12,9 @@
 namespace tessarine {
 namespace {
 
-std::string bodyOf(int lines, const std::string& lineEnd = "\n") {
+std::string bodyOf(int lines) {
   std::string body;
-  for (int i = 0; i < lines; ++i)
-    body += std::to_string(i % 10) + " " + std::to_string(100 + i % 100) + lineEnd;
+  for (int i = 0; i < lines; ++i) body += std::to_string(i % 10) + " " + std::to_string(100 + i % 100) + "\n";
   return body;
 }
 
@@ -34,12 +33,11 @@ TEST(FracSetupFile, FillsKeysAndPhases) {
     for (const char c : kHead + bodyOf(64)) text += c == '\n' ? lineEnd : std::string(1, c);
     SetupBench bench(text);
     bench.pll.UpdateSetup_Frac();
-    EXPECT_EQ(bench.pll.PFDFromFile, 26.0F);
-    EXPECT_EQ(bench.pll.ModFromFile, 1625);
-    EXPECT_EQ(bench.pll.ICPFromFile, 7);
-    EXPECT_EQ(bench.pll.SW12FromFile, 2);
-    EXPECT_EQ(bench.pll.SW3FromFile, 3);
-    EXPECT_EQ(bench.pll.PreScalarFromFile, 4);
+    const PLL& pll = bench.pll;
+    EXPECT_EQ(pll.PFDFromFile, 26.0F);
+    EXPECT_EQ((std::vector{pll.ModFromFile, pll.ICPFromFile, pll.SW12FromFile, pll.SW3FromFile,
+                           pll.PreScalarFromFile}),
+              (std::vector<Integer>{1625, 7, 2, 3, 4}));
     const auto& phases = PLLProbe::phaseTable(bench.pll);
     ASSERT_EQ(phases.size(), 65U) << "one spare element behind the last line";
     EXPECT_EQ(phases[63], 163);
@@ -135,15 +133,14 @@ TEST(FracSetupFile, AFileThatCannotBeUsedIsNamedAndChangesNothing) {
 }
 
 TEST(FracSetupFile, AFileThatCannotBeReadIsNamedWithTheReason) {
-  EngineBench bench;
-  const auto readingOf = [&](const std::string& path) {
+  for (const auto& [path, why] : {std::pair{"/no/such file", "No such file or directory"},
+                                  {"/", "it is a folder"},
+                                  {"/dev/null", "it is no file"}}) {
+    EngineBench bench;
     bench.pll.SetupFileName = path;
-    return faultOf([&] { bench.pll.UpdateSetup_Frac(); });
-  };
-  EXPECT_EQ(readingOf("/no/such file"),
-            "Setup file \"/no/such file\" cannot be read: No such file or directory");
-  EXPECT_EQ(readingOf("/"), "Setup file \"/\" cannot be read: it is a folder");
-  EXPECT_EQ(readingOf("/dev/null"), "Setup file \"/dev/null\" cannot be read: it is no file");
+    EXPECT_EQ(faultOf([&] { bench.pll.UpdateSetup_Frac(); }),
+              "Setup file \"" + std::string(path) + "\" cannot be read: " + why);
+  }
 }
 
 }  // namespace

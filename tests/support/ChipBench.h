@@ -8,6 +8,7 @@
 
 #include "support/EngineBench.h"
 #include "support/PLLProbe.h"
+#include "support/Words.h"
 
 namespace tessarine {
 
@@ -46,8 +47,9 @@ struct ChipBench : EngineBench {
     pll.Channel = 7;
   }
 
-  // The table of a band file: low, high, code as the file has it.
-  void useBands(const std::vector<std::tuple<Single, Single, String>>& rows) {
+  // The rows of a band file: low, high, code as the file has it.
+  using Bands = std::vector<std::tuple<Single, Single, String>>;
+  void useBands(const Bands& rows) {
     pll.SetupFile_ADF4113 = "bands.txt";
     for (auto [low, high, code] : rows) {
       PLL::UpsideSTR(code);
@@ -68,12 +70,10 @@ struct ChipBench : EngineBench {
 
   void calculate() { EXPECT_TRUE(PLLProbe::calcRegisters(pll)); }
 
-  // R0 to R9 and the further values of R4.
-  [[nodiscard]] std::vector<String> numbered() const {
-    return {pll.R0, pll.r1, pll.R2, pll.R3, pll.R4,   pll.R5,
-            pll.R6, pll.R7, pll.R8, pll.R9, pll.R4_2, pll.R4_3};
+  [[nodiscard]] Words numbered() const {
+    return {pll.R0, pll.r1, pll.R2, pll.R3, pll.R4, pll.R5, pll.R6, pll.R7, pll.R8, pll.R9};
   }
-  [[nodiscard]] std::vector<String> lettered() const { return {pll.Nstr, pll.Rstr, pll.MStr, pll.FStr}; }
+  [[nodiscard]] Words lettered() const { return {pll.Nstr, pll.Rstr, pll.MStr, pll.FStr}; }
 };
 
 }  // namespace tessarine

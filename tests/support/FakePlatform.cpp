@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <sstream>
 #include <stdexcept>
 #include <utility>
 
@@ -9,17 +10,16 @@
 #include "platform/Fault.h"
 
 namespace tessarine {
+namespace {
+
+constexpr std::uintptr_t kHandle = 5;
+constexpr long kNotFound = 2;
+
+}  // namespace
 
 double FakeClock::secondsSinceMidnight() {
   return static_cast<double>((startOfDay + elapsed) % kDay) / static_cast<double>(kSecond);
 }
-
-void FakePort::DlPortWritePortUchar(std::uint16_t address, std::uint8_t value) {
-  write(address, value, true);
-}
-std::uint8_t FakePort::DlPortReadPortUchar(std::uint16_t address) { return read(address, true); }
-void FakePort::OutputByte1(std::uint16_t address, std::uint8_t value) { write(address, value, false); }
-std::uint8_t FakePort::InputByte1(std::uint16_t address) { return read(address, false); }
 
 void FakePort::write(std::uint16_t address, std::uint8_t value, bool throughDriver) {
   ++writes_;
@@ -67,9 +67,6 @@ void FakeUsb::record(const std::string& call) {
   if (fails) throw std::runtime_error("the USB interface does not answer");
 }
 
-void FakeUsb::UsbOpen(int device) { record("open " + std::to_string(device)); }
-void FakeUsb::UsbClose() { record("close"); }
-
 void FakeUsb::UsbWritePort(std::string_view port, std::uint8_t pins) {
   record("write " + std::string(port) + " " + std::to_string(pins));
 }
@@ -91,28 +88,33 @@ std::uint8_t FakeUsb::UsbReadPin(std::string_view pin) {
   return lockPin;
 }
 
-void FakeHost::startPortDriver() { startProgram("port driver"); }
-
 void FakeHost::startProgram(const std::string& path) {
   programs.push_back(path);
   if (startFails) throw std::runtime_error("no such program: " + path);
 }
 
-long FakeHost::RegOpenKeyExA(std::uint32_t, const std::string& key, std::uint32_t, std::uintptr_t& handle) {
-  const auto entry = registry.lower_bound(key + "\\");
-  if (entry == registry.end() || entry->first.rfind(key + "\\", 0) != 0) return 2;
-  handle = openKeys.size() + 1;
-  openKeys[handle] = key;
+long FakeHost::RegOpenKeyExA(std::uint32_t root, const std::string& key, std::uint32_t access,
+                             std::uintptr_t& handle) {
+  std::ostringstream call;
+  call << "open " << std::hex << root << ' ' << access;
+  calls.push_back(call.str());
+  handle = kHandle;
+  openKey_ = key + "\\";
+  const auto entry = registry.lower_bound(openKey_);
+  return entry != registry.end() && entry->first.starts_with(openKey_) ? 0 : kNotFound;
+}
+
+long FakeHost::RegQueryValueExA(std::uintptr_t, const std::string& name, std::uint32_t& type,
+                                std::string& data) {
+  const auto entry = registry.find(openKey_ + name);
+  if (entry == registry.end()) return kNotFound;
+  type = entry->second.type;
+  data = entry->second.data;
   return 0;
 }
 
-long FakeHost::RegQueryValueExA(std::uintptr_t handle, const std::string& name, std::uint32_t& type,
-                                std::string& data) {
-  const auto entry = registry.find(openKeys.at(handle) + "\\" + name);
-  if (entry == registry.end()) return 2;
-  type = 1;  // text
-  data = entry->second;
-  return 0;
+void FakeHost::RegCloseKey(std::uintptr_t handle) {
+  calls.emplace_back(handle == kHandle ? "close" : "close another");
 }
 
 void FakeScreen::at(int milliseconds, std::function<void()> action) {
@@ -125,7 +127,6 @@ void FakeScreen::messageBox(const std::string& text, Icon icon, const std::strin
 }
 
 void FakeScreen::showModal(forms::Form& form) {
-  shown.push_back(&form);
   form.Show();
   form.forms().beginModal(form);
   if (whileModal) whileModal(form);

@@ -37,10 +37,12 @@ class FakePort : public PortDriver, public PortLibrary {
     bool operator==(const Access&) const = default;
   };
 
-  void DlPortWritePortUchar(std::uint16_t address, std::uint8_t value) override;
-  std::uint8_t DlPortReadPortUchar(std::uint16_t address) override;
-  void OutputByte1(std::uint16_t address, std::uint8_t value) override;
-  std::uint8_t InputByte1(std::uint16_t address) override;
+  void DlPortWritePortUchar(std::uint16_t address, std::uint8_t value) override {
+    write(address, value, true);
+  }
+  std::uint8_t DlPortReadPortUchar(std::uint16_t address) override { return read(address, true); }
+  void OutputByte1(std::uint16_t address, std::uint8_t value) override { write(address, value, false); }
+  std::uint8_t InputByte1(std::uint16_t address) override { return read(address, false); }
 
   [[nodiscard]] std::vector<int> bytes() const;  // the bytes written, in order, whatever the address
   [[nodiscard]] int count(Access::Kind kind) const;
@@ -67,8 +69,8 @@ inline constexpr int kNeverEchoes = 1'000'000'000;
 // "close".
 class FakeUsb : public UsbInterface {
  public:
-  void UsbOpen(int device) override;
-  void UsbClose() override;
+  void UsbOpen(int device) override { record("open " + std::to_string(device)); }
+  void UsbClose() override { record("close"); }
   void UsbWritePort(std::string_view port, std::uint8_t pins) override;
   std::uint8_t UsbReadPort(std::string_view port) override;
   void UsbShiftWord(std::string_view clockPin, std::string_view dataPin, std::string_view loadPin,
@@ -86,22 +88,30 @@ class FakeUsb : public UsbInterface {
 
 class FakeHost : public Host {
  public:
+  struct RegistryValue {
+    std::uint32_t type;
+    std::string data;
+  };
+
   std::optional<HostVersion> GetVersionExA() override { return version; }
-  void startPortDriver() override;
+  void startPortDriver() override { startProgram("port driver"); }
   void startProgram(const std::string& path) override;
   long RegOpenKeyExA(std::uint32_t root, const std::string& key, std::uint32_t access,
                      std::uintptr_t& handle) override;
   long RegQueryValueExA(std::uintptr_t handle, const std::string& name, std::uint32_t& type,
                         std::string& data) override;
-  void RegCloseKey(std::uintptr_t handle) override { openKeys.erase(handle); }
+  void RegCloseKey(std::uintptr_t handle) override;
   std::vector<std::string> drives() override { return roots; }
 
   std::optional<HostVersion> version = HostVersion{2, 5, 1};
   std::vector<std::string> programs;  // those started; the port driver's is "port driver"
   bool startFails = false;
-  std::map<std::string, std::string> registry;  // "key\name" to text
-  std::map<std::uintptr_t, std::string> openKeys;
+  std::map<std::string, RegistryValue> registry;  // by "key\name"
+  std::vector<std::string> calls;                 // of the registry: "open ROOT ACCESS", "close"
   std::vector<std::string> roots{"/"};
+
+ private:
+  std::string openKey_;
 };
 
 struct Message {
@@ -128,7 +138,6 @@ class FakeScreen : public Screen {
 
   std::vector<Message> messages;
   std::function<void()> whileMessageIsOpen;
-  std::vector<forms::Form*> shown;
   std::function<void(forms::Form&)> whileModal;
   bool ended = false;   // every handler on the way out is ended too
   int eventRounds = 0;  // how often processEvents was called

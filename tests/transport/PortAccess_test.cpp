@@ -25,17 +25,17 @@ TEST(PortAccess, EachTryIsAWriteAndAReadUntilThePortEchoes) {
       {"never echoes", kNeverEchoes, 110, 9, 1},
   };
   for (const auto& c : cases) {
+    SCOPED_TRACE(c.port);
     EngineBench bench;
     bench.host.port.echoFromWrite = c.echoFromWrite;
-    EXPECT_EQ(PortWrite(bench.module, 888, 5), c.failures == 0 ? 1 : 0) << c.port;
-    EXPECT_EQ(bench.host.port.count(Kind::write), c.writes) << c.port;
-    EXPECT_EQ(bench.host.port.count(Kind::read), c.writes) << c.port;
-    EXPECT_EQ(bench.host.clock.elapsed, c.waits * FakeClock::kSecond / 20) << c.port;
-    EXPECT_EQ(bench.host.clock.beeps, c.failures) << c.port;
+    EXPECT_EQ(PortWrite(bench.module, 888, 5), c.failures == 0 ? 1 : 0);
+    EXPECT_EQ(bench.host.port.count(Kind::write), c.writes);
+    EXPECT_EQ(bench.host.port.count(Kind::read), c.writes);
+    EXPECT_EQ(bench.host.clock.elapsed, c.waits * FakeClock::kSecond / 20);
+    EXPECT_EQ(bench.host.clock.beeps, c.failures);
     EXPECT_EQ(bench.host.screen.messages,
               std::vector<Message>(static_cast<std::size_t>(c.failures),
-                                   {"Error with Output Port Address 888", Icon::critical, "Ouput port Err"}))
-        << c.port;
+                                   {"Error with Output Port Address 888", Icon::critical, "Ouput port Err"}));
   }
 }
 

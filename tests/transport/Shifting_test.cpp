@@ -5,12 +5,12 @@
 
 #include "support/EngineBench.h"
 #include "support/PLLProbe.h"
+#include "support/Words.h"
 
 namespace tessarine {
 namespace {
 
 using Bytes = std::vector<int>;
-using Calls = std::vector<std::string>;
 
 TEST(Shifting, TheLastCharacterGoesFirstAndDataIsStableAroundTheRisingClock) {
   EngineBench bench;
@@ -56,44 +56,26 @@ TEST(Shifting, TheStrobeOfEachRoutineOnThePort) {
   }
 }
 
-TEST(Shifting, ALoadRecordsThePhaseOnThePortOnly) {
-  for (const char* way : {"LPT", "USB"}) {
-    EngineBench bench;
-    bench.module.PortType = way;
-    bench.pll.R2 = "010";
-    bench.pll.LoadR2();
-    EXPECT_EQ(PLLProbe::prevR2(bench.pll), way == std::string("LPT") ? "010" : "");
-  }
-}
-
 TEST(Shifting, OnUsbTheFourLettersGetThePortsStrobeOnTop) {
-  const Calls strobe{"write B 0", "write B 2"};
-  const struct {
-    void (*load)(PLL&);
-    std::string word;
-    bool strobed;
-  } cases[] = {
-      {PLLProbe::loadFstr, "0001", true},
-      {PLLProbe::loadMstr, "0010", true},
-      {PLLProbe::loadRstr, "0011", true},
-      {PLLProbe::loadNstr, "", true},
-      {PLLProbe::loadR0, "0100", false},
-      {PLLProbe::loadR1, "0101", false},
-      {[](PLL& pll) { PLLProbe::loadR4(pll, 3); }, "0110", false},
-      {PLLProbe::loadR8, "0111", false},
+  const std::pair<void (*)(PLL&), bool> cases[] = {
+      {PLLProbe::loadFstr, true}, {PLLProbe::loadMstr, true},
+      {PLLProbe::loadRstr, true}, {PLLProbe::loadNstr, true},
+      {PLLProbe::loadR0, false},  {PLLProbe::loadR1, false},
+      {PLLProbe::loadR8, false},  {[](PLL& pll) { PLLProbe::loadR4(pll, 3); }, false},
   };
-  for (const auto& c : cases) {
+  int number = 0;
+  for (const auto& [load, strobed] : cases) {
     EngineBench bench;
     bench.module.PortType = "USB";
     bench.pll.LEbit = 2;
     PLL& pll = bench.pll;
-    pll.FStr = "0001", pll.MStr = "0010", pll.Rstr = "0011", pll.R0 = "0100", pll.r1 = "0101";
-    pll.R4_3 = "0110", pll.R8 = "0111";
-    c.load(pll);
-    Calls expected{"shift B3 B2 B1 B0 0 " + c.word};
-    if (c.strobed) expected.insert(expected.end(), strobe.begin(), strobe.end());
+    pll.FStr = "0", pll.MStr = "1", pll.Rstr = "2", pll.Nstr = "3";
+    pll.R0 = "4", pll.r1 = "5", pll.R8 = "6", pll.R4_3 = "7";
+    load(pll);
+    Words expected{"shift B3 B2 B1 B0 0 " + std::to_string(number++)};
+    if (strobed) expected.insert(expected.end(), {"write B 0", "write B 2"});
     EXPECT_EQ(bench.host.usb.calls, expected);
-    EXPECT_EQ(bench.host.clock.elapsed, c.strobed ? 20'000 : 0) << c.word;
+    EXPECT_EQ(bench.host.clock.elapsed, strobed ? 20'000 : 0) << number;
     EXPECT_TRUE(bench.host.port.accesses.empty());
   }
 }
@@ -104,7 +86,7 @@ TEST(Shifting, AWordGoesOutAsItWasWhenAnEventRebuildsItDuringARetry) {
   bench.pll.FStr = String(24, '1');
   bench.host.screen.at(10, [&] { bench.pll.FStr = "0"; });
   PLLProbe::loadFstr(bench.pll);
-  EXPECT_EQ(bench.host.port.latches(), Calls{std::string(24, '1')});
+  EXPECT_EQ(bench.host.port.latches(), Words{std::string(24, '1')});
 }
 
 TEST(Shifting, AWordOnAPortThatFailsIsTriedAndComplainedOfLikeAnyWrite) {
