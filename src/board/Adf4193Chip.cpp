@@ -105,6 +105,13 @@ constexpr Obstacle kObstacles[] = {
     {"R3", "CP output", 0, "pump output is grounded"},
 };
 
+constexpr PowerUpStep kPowerUp[] = {
+    {"R5", "counter reset", 1, "R5 with the counters in reset"},
+    {"R7", "", 0, "R7 behind it"},
+    {"R5", "counter reset", 0, "R5 that releases the counters"},
+    {"R0", "", 0, "R0 behind the release"},
+};
+
 void tune(const Chip& chip, Tuning& tuning) {
   if (!chip.loaded("R1")) return;
   const double doubler = 1 + chip.value("R1", "reference doubler");
@@ -120,6 +127,6 @@ void tune(const Chip& chip, Tuning& tuning) {
 
 }  // namespace
 
-constinit const ChipMap kAdf4193Map{kRegisters, kObstacles, {"R6", "muxout", 1}, tune, true};
+constinit const ChipMap kAdf4193Map{kRegisters, kObstacles, {"R6", "muxout", 1}, tune, true, kPowerUp};
 
 }  // namespace tessarine::board

@@ -37,8 +37,18 @@ void Tuning::multiplyDetector(double n) {
 
 std::optional<std::size_t> Chip::latch(std::uint32_t shiftRegister) {
   const auto index = map().select(shiftRegister);
-  if (index) words_[*index] = shiftRegister & map().registers[*index].mask();
+  if (index) {
+    words_[*index] = shiftRegister & map().registers[*index].mask();
+    followPowerUp(*index);
+  }
   return index;
+}
+
+void Chip::followPowerUp(std::size_t index) {
+  if (powerUpStep_ == map().powerUp.size()) return;
+  const PowerUpStep& step = map().powerUp[powerUpStep_];
+  if (map().registers[index].name != step.registerName) return;
+  if (step.fieldName.empty() || value(step.registerName, step.fieldName) == step.value) ++powerUpStep_;
 }
 
 bool Chip::loaded(std::string_view registerName) const {
@@ -72,6 +82,9 @@ Tuning Chip::tune(double referenceMHz) const {
     const Register& spec = map().registers[index];
     if (spec.neededForLock && !words_[index])
       tuning.faults.push_back(std::string(spec.name) + " register never loaded");
+  }
+  if (tuning.faults.empty() && powerUpStep_ < map().powerUp.size()) {
+    tuning.faults.push_back("power-up sequence waits for " + std::string(map().powerUp[powerUpStep_].wanted));
   }
   if (!(referenceMHz > 0)) tuning.faults.emplace_back("no reference");
   for (const Obstacle& obstacle : map().obstacles) {

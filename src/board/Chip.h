@@ -56,10 +56,12 @@ class Chip {
   [[nodiscard]] Tuning tune(double referenceMHz) const;
 
  private:
+  void followPowerUp(std::size_t index);
   [[nodiscard]] const Field& field(std::size_t index, std::string_view fieldName) const;
 
   const ChipModel* model_;
   std::vector<std::optional<std::uint32_t>> words_;
+  std::size_t powerUpStep_ = 0;  // the one that comes next
 };
 
 }  // namespace tessarine::board

@@ -66,6 +66,15 @@ struct Obstacle {
   std::string_view reason;
 };
 
+// A word of the sequence that brings a chip up after power-on. Without a field name any word of the register
+// will do.
+struct PowerUpStep {
+  std::string_view registerName;
+  std::string_view fieldName;
+  std::uint32_t value = 0;
+  std::string_view wanted;
+};
+
 // The setting that brings lock detect out on the pin. Chips with a pin of its own for it have no register
 // name.
 struct LockOutput {
@@ -82,6 +91,8 @@ struct ChipMap {
   void (*tune)(const Chip& chip, Tuning& tuning) = nullptr;
   // True for a chip whose load writes one register several times.
   bool repeatsInLoad = false;
+  // What the chip must see once, in this order, before it runs; other words may stand in between.
+  std::span<const PowerUpStep> powerUp = {};
 
   // The register that takes the word in the shift register.
   [[nodiscard]] std::optional<std::size_t> select(std::uint32_t shiftRegister) const;

@@ -131,6 +131,12 @@ const struct {
      "R3 register never loaded; R6 register never loaded; R7 register never loaded; pump powered down; "
      "differential amplifier powered down; counter reset is on; pump in three-state"},
     {"never powered up", "ADF4193", kFullLoad4193, "R7 register never loaded"},
+    {"R7 before the counters are held", "ADF4193", joined("0007/16"_w, kFullLoad4193),
+     "power-up sequence waits for R5 with the counters in reset"},
+    {"without R0 behind the release",
+     "ADF4193",
+     {kPowerUp4193.begin(), kPowerUp4193.end() - 1},
+     "power-up sequence waits for R0 behind the release"},
     {"CPO grounded by an update", "ADF4193", joined(kPowerUp4193, "004B/16"_w), "pump output is grounded"},
     {"powered down", "SKY72300-362", with(kSetSky, 7, 0x7013), "powered down; main synthesizer powered down"},
     {"ten pulses without data", "SKY72300-362", "0/0 0/0"_w,
