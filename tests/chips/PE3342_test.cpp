@@ -3,6 +3,7 @@
 #include "engine/BitStrings.h"
 #include "support/EngineBench.h"
 #include "support/FaultOf.h"
+#include "support/Words.h"
 
 namespace tessarine {
 namespace {
