@@ -49,10 +49,7 @@ int FakeKernel::open(const std::string& path, int) {
   const auto node = nodes.find(path);
   if (node == nodes.end()) return -ENOENT;
   if (node->second < 0) return node->second;
-  const auto parport = parports_.find(path);
-  Open& file = open_[nextDescriptor_];
-  file.path = path;
-  if (parport != parports_.end()) file.base = parport->second;
+  open_[nextDescriptor_] = {.path = path, .base = parports_[path]};
   return nextDescriptor_++;
 }
 
@@ -78,50 +75,27 @@ int FakeKernel::claim(Open& file) {
   return 0;
 }
 
-int FakeKernel::transfer(Open& file, unsigned long request, void* argument) {
-  auto& value = *static_cast<std::uint8_t*>(argument);
-  const auto control = static_cast<std::uint16_t>(file.base + 2);
-  switch (request) {
-    case PPWDATA:
-      calls_.push_back("PPWDATA " + hexByte(value));
-      registers_[file.base] = value;
-      break;
-    case PPRDATA:
-      calls_.emplace_back("PPRDATA");
-      value = at(file.base);
-      break;
-    case PPWCONTROL:
-      calls_.push_back("PPWCONTROL " + hexByte(value));
-      registers_[control] = value;
-      break;
-    case PPRCONTROL:
-      calls_.emplace_back("PPRCONTROL");
-      value = at(control);
-      break;
-    case PPDATADIR:
-      calls_.push_back("PPDATADIR " + std::to_string(*static_cast<int*>(argument)));
-      break;
-    default:
-      return -ENOTTY;
-  }
-  return file.claimed ? 0 : -EPERM;
-}
-
 int FakeKernel::ioctl(int descriptor, unsigned long request, void* argument) {
+  static const std::map<unsigned long, const char*> kNames = {
+      {PPEXCL, "PPEXCL"},   {PPCLAIM, "PPCLAIM"},       {PPRELEASE, "PPRELEASE"},   {PPWDATA, "PPWDATA"},
+      {PPRDATA, "PPRDATA"}, {PPWCONTROL, "PPWCONTROL"}, {PPRCONTROL, "PPRCONTROL"}, {PPDATADIR, "PPDATADIR"}};
   Open& file = open_.at(descriptor);
-  int result = 0;
-  if (request == PPEXCL) {
-    calls_.emplace_back("PPEXCL");
-    file.exclusive = true;
-  } else if (request == PPCLAIM) {
-    calls_.emplace_back("PPCLAIM");
-    result = claim(file);
-  } else if (request == PPRELEASE) {
-    calls_.emplace_back("PPRELEASE");
-  } else {
-    result = transfer(file, request, argument);
+  std::string& call = calls_.emplace_back(kNames.at(request));
+  if (broken) return -EIO;
+  if (request == PPCLAIM) return claim(file);
+  if (request == PPEXCL) file.exclusive = true;
+  const bool isData = request == PPWDATA || request == PPRDATA;
+  const auto address = static_cast<std::uint16_t>(file.base + (isData ? 0 : 2));
+  auto* const byte = static_cast<std::uint8_t*>(argument);
+  if (request == PPWDATA || request == PPWCONTROL) {
+    call += " " + hexByte(*byte);
+    registers_[address] = *byte;
+  } else if (request == PPRDATA || request == PPRCONTROL) {
+    *byte = at(address);
+  } else if (request == PPDATADIR) {
+    call += " " + std::to_string(*static_cast<int*>(argument));
   }
-  return broken ? -EIO : result;
+  return file.claimed || request == PPEXCL ? 0 : -EPERM;
 }
 
 ssize_t FakeKernel::pread(int, std::uint8_t& byte, off_t offset) {
@@ -143,8 +117,7 @@ int FakeKernel::ioperm(unsigned long first, unsigned long count) {
 
 std::optional<std::string> FakeKernel::textOf(const std::string& path) {
   const auto found = files.find(path);
-  if (found == files.end()) return std::nullopt;
-  return found->second;
+  return found == files.end() ? std::nullopt : std::optional(found->second);
 }
 
 std::vector<std::string> FakeKernel::entriesOf(const std::string& folder) {
@@ -153,12 +126,6 @@ std::vector<std::string> FakeKernel::entriesOf(const std::string& folder) {
     if (path.starts_with(folder))
       names.insert(path.substr(folder.size(), path.find('/', folder.size()) - folder.size()));
   return {names.begin(), names.end()};
-}
-
-std::optional<std::string> FakeKernel::linkOf(const std::string& path) {
-  const auto found = links.find(path);
-  if (found == links.end()) return std::nullopt;
-  return found->second;
 }
 
 }  // namespace tessarine

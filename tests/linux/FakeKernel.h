@@ -27,7 +27,7 @@ class FakeKernel : public Kernel {
   std::uint8_t inb(std::uint16_t address) override { return at(address); }
   std::optional<std::string> textOf(const std::string& path) override;
   std::vector<std::string> entriesOf(const std::string& folder) override;
-  std::optional<std::string> linkOf(const std::string& path) override;
+  std::optional<std::string> linkOf(const std::string& path) override { return textOf(path); }
   bool isRoot() override { return root; }
   double seconds() override { return now; }
 
@@ -35,9 +35,8 @@ class FakeKernel : public Kernel {
   // The system calls since the last time, one text each: "open /dev/parport0", "PPWDATA 2F", "pwrite 378 2F".
   [[nodiscard]] std::vector<std::string> taken();
 
-  std::map<std::string, int> nodes;  // path to the result of open: 0, or a negative errno
-  std::map<std::string, std::string> files;
-  std::map<std::string, std::string> links;
+  std::map<std::string, int> nodes;          // path to the result of open: 0, or a negative errno
+  std::map<std::string, std::string> files;  // and links
   int flockResult = 0;
   int iopermResult = -1;          // -EPERM
   bool othersRegistered = false;  // another client, such as the printer driver, has signed up for the port
@@ -56,7 +55,6 @@ class FakeKernel : public Kernel {
   };
 
   int claim(Open& file);
-  int transfer(Open& file, unsigned long request, void* argument);
 
   std::vector<std::string> calls_;
   std::map<int, Open> open_;

@@ -10,7 +10,6 @@
 #include "board/Cable.h"
 #include "board/WireReceiver.h"
 #include "linux/FakeKernel.h"
-#include "platform/linux/BitBang.h"
 #include "platform/linux/LinuxPlatform.h"
 #include "support/FakePlatform.h"
 #include "support/FaultOf.h"
@@ -20,10 +19,10 @@ namespace tessarine {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::StartsWith;
 
 // A module with two channels. Calls are recorded as texts, the levels of channel B one by one.
-class FakeModule : public FtdiLibrary {
- public:
+struct FakeModule : FtdiLibrary {
   std::unique_ptr<FtdiChannel> channel(char name) override { return std::make_unique<Channel>(*this, name); }
 
   std::vector<std::string> taken() { return std::exchange(calls, {}); }
@@ -36,7 +35,6 @@ class FakeModule : public FtdiLibrary {
   int transfersLeft = 1 << 20;  // until it is unplugged
   int takes = 1 << 20;          // bytes of the next transfers
   std::uint8_t pinsA = 0;
-  std::uint8_t pinsB = 0;
 
  private:
   class Channel : public FtdiChannel {
@@ -52,14 +50,12 @@ class FakeModule : public FtdiLibrary {
     int write(std::span<const std::uint8_t> levels) override {
       if (module_.transfersLeft-- == 0) module_.unplugged = true;
       const int taken = std::min(static_cast<int>(levels.size()), module_.takes);
-      if (!module_.unplugged) {
+      if (!module_.unplugged)
         module_.levels.insert(module_.levels.end(), levels.begin(), levels.begin() + taken);
-        module_.pinsB = levels[static_cast<std::size_t>(taken) - 1];
-      }
       return record(" write " + std::to_string(levels.size()), taken);
     }
     int readPins(std::uint8_t& pins) override {
-      pins = name_ == "A" ? module_.pinsA : module_.pinsB;
+      pins = name_ == "A" ? module_.pinsA : module_.levels.back();
       return record(" pins", 0);
     }
     std::string errorText() const override { return "usb bulk write failed"; }
@@ -74,19 +70,17 @@ class FakeModule : public FtdiLibrary {
   };
 };
 
-class Usb : public ::testing::Test {
- protected:
-  void list(const char* product = "6010\n") {
-    const std::string folder = "/sys/bus/usb/devices/1-2/";
-    kernel.files["/sys/bus/usb/devices/1-1/idVendor"] = "1d6b\n";
-    kernel.files[folder + "idVendor"] = "0403\n";
-    kernel.files[folder + "idProduct"] = product;
-    kernel.files[folder + "busnum"] = "1\n";
-    kernel.files[folder + "devnum"] = "4\n";
-    kernel.nodes["/dev/bus/usb/001/004"] = 0;
-  }
+constexpr const char* kNode = "/dev/bus/usb/001/004";
+constexpr const char* kDriver = "/sys/bus/usb/devices/1-2:1.1/driver";
+constexpr const char* kGone =
+    "The USB module is missing since this command (usb bulk write failed). Plug it in again: the next "
+    "command opens it anew";
 
+struct Usb : ::testing::Test {
   void shift(std::string_view word) { host.usb.UsbShiftWord("B3", "B2", "B1", "B0", 0, word); }
+  std::string shiftFault() {
+    return faultOf([&] { shift("1"); });
+  }
 
   FakeKernel kernel;
   FakeModule module;
@@ -112,16 +106,19 @@ TEST_F(Usb, OpeningDrivesChannelBLowAndLeavesChannelAInput) {
   EXPECT_EQ(module.levels.back(), 0);
 }
 
-TEST_F(Usb, AWordIsOneTransferStepByStep) {
-  host.usb.UsbOpen(0);
-  (void)module.taken();
-  module.levels.clear();
-  shift("100");  // the last character first
-  EXPECT_THAT(module.taken(), ElementsAre("B write 13"));
-  EXPECT_THAT(module.levels, ElementsAre(0, 0, 8, 0, 0, 8, 0, 4, 12, 4, 0, 2, 0));
-  module.levels.clear();
-  shift("");
-  EXPECT_THAT(module.levels, ElementsAre(0, 0, 2, 0));
+TEST_F(Usb, AWordIsOneTransferStepByStepOnEitherModule) {
+  for (const int product : {0x6010, 0x6011}) {
+    module.product = product;
+    host.usb.UsbOpen(0);
+    (void)module.taken();
+    module.levels.clear();
+    shift("100");  // the last character first
+    EXPECT_THAT(module.taken(), ElementsAre("B write 13"));
+    EXPECT_THAT(module.levels, ElementsAre(0, 0, 8, 0, 0, 8, 0, 4, 12, 4, 0, 2, 0));
+    module.levels.clear();
+    shift("");
+    EXPECT_THAT(module.levels, ElementsAre(0, 0, 2, 0));
+  }
 }
 
 // The wave as the chip takes it: its bits at the rising clock edge, its latch at the rising load enable,
@@ -132,10 +129,7 @@ TEST_F(Usb, TheBoardReceivesEachWordFromItsWave) {
     std::string word(random() % 33, '0');
     for (char& bit : word) bit = random() % 2 == 0 ? '0' : '1';
     module.levels.clear();
-    (void)module.taken();
     shift(word);
-    EXPECT_EQ(module.taken().size(), i == 0 ? 5U : 1U);
-
     board::WireReceiver receiver;
     std::vector<std::string> latched;
     board::Levels before;
@@ -151,89 +145,70 @@ TEST_F(Usb, TheBoardReceivesEachWordFromItsWave) {
   }
 }
 
-struct UsbObstacle {
-  const char* name;
-  std::function<void(FakeKernel&, FakeModule&)> set;
-  const char* sentence;
-};
-
 TEST_F(Usb, EachObstacleIsNamedWithTheLineToType) {
-  const UsbObstacle obstacles[] = {
-      {"missing",
-       [](FakeKernel& k, FakeModule& m) {
-         k.files.erase("/sys/bus/usb/devices/1-2/idVendor");
-         m.unplugged = true;
-       },
-       "The USB module is missing: no FT2232H-class module (0403:6010 or 0403:6011) is plugged in. To see "
-       "what is, "
-       "type: lsusb -d 0403:"},
-      {"no permission",
-       [](FakeKernel& k, FakeModule& m) {
-         k.nodes["/dev/bus/usb/001/004"] = -EACCES;
-         m.openResult = kFtdiNotOpened;
-       },
-       "No permission for the USB module /dev/bus/usb/001/004. Type, in the program's folder: sudo cp "
+  const std::string busy = "Channel B of the USB module is busy: ";
+  struct {
+    std::string sentence;
+    int openResult;
+    bool missing = false;
+    int node = 0;             // what opening it gives
+    const char* driver = "";  // that has the channel
+  } const obstacles[] = {
+      {"The USB module is missing: no FT2232H-class module (0403:6010 or 0403:6011) is plugged in. To see "
+       "what is, type: lsusb -d 0403:",
+       kFtdiNotFound, true},
+      {"No permission for the USB module /dev/bus/usb/001/004. Type, in the program's folder: sudo cp "
        "packaging/60-tessarine.rules /etc/udev/rules.d/ && sudo udevadm control --reload && sudo udevadm "
-       "trigger"},
-      {"another program",
-       [](FakeKernel& k, FakeModule& m) {
-         k.links["/sys/bus/usb/devices/1-2:1.1/driver"] = "../../../../bus/usb/drivers/usbfs";
-         m.openResult = kFtdiNotClaimed;
-       },
-       "Channel B of the USB module is busy: another program holds it. To see which, type: sudo fuser -v "
-       "/dev/bus/usb/001/004"},
-      {"another program, already gone", [](FakeKernel&, FakeModule& m) { m.openResult = kFtdiNotClaimed; },
-       "Channel B of the USB module is busy: another program holds it. To see which, type: sudo fuser -v "
-       "/dev/bus/usb/001/004"},
-      {"a kernel driver",
-       [](FakeKernel& k, FakeModule& m) {
-         k.links["/sys/bus/usb/devices/1-2:1.1/driver"] = "../../../../bus/usb/drivers/ftdi_sio";
-         m.openResult = kFtdiNotClaimed;
-       },
-       "Channel B of the USB module is busy: the kernel driver ftdi_sio holds it. Type: sudo modprobe -r "
-       "ftdi_sio"},
-      {"anything else", [](FakeKernel&, FakeModule& m) { m.openResult = -6; },
-       "The USB module cannot be opened: usb bulk write failed. To see what the kernel says, type: sudo "
-       "dmesg"},
+       "trigger",
+       kFtdiNotOpened, false, -EACCES},
+      {busy + "another program holds it. To see which, type: sudo fuser -v /dev/bus/usb/001/004",
+       kFtdiNotOpened, false, 0, "../../../../bus/usb/drivers/usbfs"},
+      {busy + "another program holds it. To see which, type: sudo fuser -v /dev/bus/usb/001/004",
+       kFtdiNotClaimed},  // which is gone by now
+      {busy + "the kernel driver ftdi_sio holds it. Type: sudo modprobe -r ftdi_sio", kFtdiNotClaimed, false,
+       0, "../../../../bus/usb/drivers/ftdi_sio"},
+      {"The USB module cannot be opened: usb bulk write failed. To see what the kernel says, type: sudo "
+       "dmesg",
+       -6},
   };
-  for (const UsbObstacle& obstacle : obstacles) {
-    SCOPED_TRACE(obstacle.name);
-    kernel = FakeKernel();
-    module = FakeModule();
-    list();
-    obstacle.set(kernel, module);
+  for (const auto& obstacle : obstacles) {
+    SCOPED_TRACE(obstacle.sentence);
+    const std::string folder = "/sys/bus/usb/devices/1-2/";
+    kernel.files = {{"/sys/bus/usb/devices/1-1/idVendor", "1d6b\n"},
+                    {folder + "idVendor", obstacle.missing ? "1d6b\n" : "0403\n"},
+                    {folder + "idProduct", "6010\n"},
+                    {folder + "busnum", "1\n"},
+                    {folder + "devnum", "4\n"},
+                    {kDriver, obstacle.driver}};
+    kernel.nodes[kNode] = obstacle.node;
+    module.openResult = obstacle.openResult;
     EXPECT_EQ(faultOf([&] { host.usb.UsbOpen(0); }), obstacle.sentence);
-    EXPECT_EQ(faultOf([&] { shift("1"); }), obstacle.sentence);
+    EXPECT_EQ(shiftFault(), obstacle.sentence);
     EXPECT_TRUE(isInTheManual(obstacle.sentence));
-    // Set right: the next command opens it.
     module.openResult = 0;
-    module.unplugged = false;
-    EXPECT_EQ(faultOf([&] { shift("1"); }), "no fault");
+    EXPECT_EQ(shiftFault(), "no fault") << "set right: the next command opens it";
     host.usb.UsbClose();
   }
 }
 
-TEST_F(Usb, AModuleWithFourChannelsServesToo) {
-  module.product = 0x6011;
-  shift("1");
-  EXPECT_EQ(module.levels.size(), 8U);
-}
-
-TEST_F(Usb, UnpluggingIsOneFaultAndTheNextCommandOpensAnew) {
+TEST_F(Usb, UnpluggingAndAShortTransferAreFaultsAndTheNextCommandOpensAnew) {
   shift("10");
   module.unplugged = true;
-  EXPECT_EQ(faultOf([&] { shift("01"); }),
-            "The USB module is missing since this command (usb bulk write failed). Plug it in again: the "
-            "next command opens it anew");
+  EXPECT_EQ(shiftFault(), kGone);
   module.unplugged = false;
   (void)module.taken();
   shift("11");
   EXPECT_THAT(module.taken(),
               ElementsAre("B open", "B outputs FF", "B rate 62500", "B write 1", "B write 10"));
+  module.takes = 5;
+  EXPECT_EQ(shiftFault(), "The USB module took only 5 of 7 bytes. The next command opens it anew");
+  module.takes = 100;
+  (void)module.taken();
+  shift("1");
+  EXPECT_EQ(module.taken().front(), "B open");
   module.unplugged = true;
   EXPECT_NE(faultOf([&] { host.usb.UsbReadPin("A3"); }), "no fault");
   EXPECT_NE(faultOf([&] { host.usb.UsbWritePort("B", 0); }), "no fault");
-  host.usb.UsbClose();
 }
 
 TEST_F(Usb, UnpluggingInTheMiddleOfALoadIsOneMessageAndTheProgramGoesOn) {
@@ -241,45 +216,27 @@ TEST_F(Usb, UnpluggingInTheMiddleOfALoadIsOneMessageAndTheProgramGoesOn) {
   Platform platform{fake.port, fake.port, host.usb, fake.host, fake.clock, fake.screen};
   Program program(platform);
   program.start();
-  const auto set = [&](const char* name, const char* value) {
-    EXPECT_FALSE(program.door.set(*program.forms.find(name), value));
+  const auto operate = [&](const char* name, const char* value = nullptr) {
+    forms::Control& control = *program.forms.find(name);
+    EXPECT_FALSE(value ? program.door.set(control, value) : program.door.click(control)) << name;
   };
-  const auto click = [&](const char* name) { EXPECT_FALSE(program.door.click(*program.forms.find(name))); };
-  click("IOOption(1)");
-  click("ContinueCommand");
-  for (auto& [index, entry] : program.window.pllM.members()) {
-    if (entry.Caption == "ADF4113") {
-      EXPECT_FALSE(program.door.click(entry));
-    }
-  }
+  for (const char* const name : {"IOOption(1)", "ContinueCommand", "pllM(9)"}) operate(name);
   for (const auto& [name, value] :
        {std::pair{"RefText", "10"}, {"CompText", "200"}, {"PrescalarText", "8/9"}, {"VCOText", "900"}})
-    set(name, value);
+    operate(name, value);
   EXPECT_TRUE(fake.screen.messages.empty());
 
   module.transfersLeft = 4;  // in the second word
-  click("AllCommand");
+  operate("AllCommand");
   ASSERT_EQ(fake.screen.messages.size(), 1U);
-  EXPECT_TRUE(fake.screen.messages[0].text.starts_with("The USB module is missing since this command"));
+  EXPECT_THAT(fake.screen.messages[0].text, StartsWith("The USB module is missing since this command"));
 
   module.unplugged = false;
   module.transfersLeft = 1 << 20;
   (void)module.taken();
-  click("AllCommand");
+  operate("AllCommand");
   EXPECT_EQ(fake.screen.messages.size(), 1U);
-  const std::vector<std::string> calls = module.taken();
-  EXPECT_EQ(std::count(calls.begin(), calls.end(), "B write 76"), 3) << "one transfer a word";
-}
-
-TEST_F(Usb, AShortTransferIsAFault) {
-  host.usb.UsbOpen(0);
-  module.takes = 5;
-  EXPECT_EQ(faultOf([&] { shift("0101"); }),
-            "The USB module took only 5 of 16 bytes. The next command opens it anew");
-  module.takes = 100;
-  (void)module.taken();
-  shift("1");
-  EXPECT_EQ(module.taken().front(), "B open");
+  EXPECT_EQ(std::ranges::count(module.calls, "B write 76"), 3) << "one transfer a word";
 }
 
 TEST_F(Usb, NamesThatDoNotExistAreRefusedBeforeAnythingIsOpened) {
