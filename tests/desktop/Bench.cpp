@@ -4,7 +4,6 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
-#include <QLineEdit>
 #include <QMessageBox>
 #include <QTimer>
 #include <chrono>
@@ -12,26 +11,19 @@
 
 namespace tessarine::desktop {
 
-namespace {
-constexpr double kSecondsPerDay = 86400;
-constexpr int kADF4113Entry = 9;
-}  // namespace
-
 double SteadyClock::secondsSinceMidnight() {
+  constexpr double kSecondsPerDay = 86400;
   const auto now = std::chrono::steady_clock::now().time_since_epoch();
   return std::fmod(std::chrono::duration<double>(now).count(), kSecondsPerDay);
 }
 
 bool becomesActive(QWidget& window) {
-  constexpr int kPatienceMs = 30'000;
-  return QTest::qWaitFor(
-      [&] {
-        if (QApplication::activeWindow() == &window) return true;
-        window.activateWindow();  // a window manager that is still busy with the last test may pass one over
-        QTest::qWait(50);
-        return false;
-      },
-      kPatienceMs);
+  return comesTrue([&] {
+    if (QApplication::activeWindow() == &window) return true;
+    window.activateWindow();  // a window manager that is still busy with the last test may pass one over
+    QTest::qWait(50);
+    return false;
+  });
 }
 
 Bench::Bench() {
@@ -55,7 +47,7 @@ void Bench::startWorking(bool onUsb) {
 
 void Bench::startTuned(bool onUsb) {
   startWorking(onUsb);
-  menu("pllM(" + std::to_string(kADF4113Entry) + ")");
+  menu("pllM(9)");
   type("RefText", "10");
   type("CompText", "200");
   type("VCOText", "900");
@@ -69,48 +61,52 @@ FormWindow& Bench::window(const forms::Form& of) {
 }
 
 QObject* Bench::findObject(const std::string& name) {
-  const forms::Form* in = &program.window;
-  std::string inside = name;
-  if (const auto dot = name.find('.'); dot != std::string::npos) {
-    inside = name.substr(dot + 1);
-    for (const forms::Form* other : program.forms.all()) {
-      if (other->name() == name.substr(0, dot)) in = other;
-    }
+  const auto dot = name.find('.');
+  if (dot == std::string::npos) return window().findChild<QObject*>(QString::fromStdString(name));
+  const QString inside = QString::fromStdString(name.substr(dot + 1));
+  for (const forms::Form* form : program.forms.all()) {
+    if (form->name() == name.substr(0, dot)) return window(*form).findChild<QObject*>(inside);
   }
-  auto* const object = window(*in).findChild<QObject*>(QString::fromStdString(inside));
-  if (!object) ADD_FAILURE() << "nothing is called " << name;
-  return object;
+  return nullptr;
+}
+
+std::string Bench::text(const std::string& name) {
+  return find(name)->property("text").toString().toStdString();
+}
+
+bool Bench::shows(const char* name) {
+  const auto* const widget = window().findChild<QWidget*>(QString::fromLatin1(name));
+  return widget && widget->isVisible();
 }
 
 void Bench::click(const std::string& name) {
-  auto* const widget = find<QWidget>(name);
-  if (!widget) return;
+  auto* const widget = find(name);
   if (!widget->isVisible()) ADD_FAILURE() << name << " is not visible";
   QTest::mouseClick(widget, Qt::LeftButton);
 }
 
 void Bench::type(const std::string& name, const char* text) {
-  auto* const widget = find<QWidget>(name);
-  if (!widget) return;
-  widget->setFocus();
-  QTest::keySequence(widget, QKeySequence::SelectAll);
-  QTest::keyClick(widget, Qt::Key_Delete);
-  QTest::keyClicks(widget, QString::fromUtf8(text));
+  press(name, QKeySequence::SelectAll);
+  press(name, Qt::Key_Delete);
+  QTest::keyClicks(find(name), QString::fromUtf8(text));
 }
 
 void Bench::pick(const std::string& name, int item) {
   auto* const box = find<QComboBox>(name);
-  if (!box) return;
   box->showPopup();
   QAbstractItemView* const view = box->view();
   QTest::mouseClick(view->viewport(), Qt::LeftButton, {},
                     view->visualRect(view->model()->index(item, 0)).center());
 }
 
+void Bench::press(const std::string& name, const QKeySequence& keys) {
+  find(name)->setFocus();
+  QTest::keySequence(find(name), keys);
+  QCoreApplication::processEvents();
+}
+
 void Bench::menu(const std::string& name) {
-  auto* const entry = find<QAction>(name);
-  if (!entry) return;
-  entry->trigger();
+  find<QAction>(name)->trigger();
   QCoreApplication::processEvents();
 }
 
@@ -131,12 +127,50 @@ void Bench::answerMessage(std::string& text) {
   timer->start(20);
 }
 
-WithFontSize::WithFontSize(double points) : before_(QApplication::font()) {
+void visitStates(Bench& bench,
+                 const std::function<void(FormWindow&, const forms::Form&, const std::string&)>& visit) {
+  PllForm1& form = bench.form();
+  bench.host.version.reset();
+  bench.start();
+  visit(bench.window(), form, "first");
+  form.ContinueCommand_Click();
+  visit(bench.window(), form, "start");
+  for (const auto& [index, entry] : form.pllM.members()) {
+    if (entry.isSeparator()) continue;
+    form.pllM_Click(index);
+    form.Mregister.Caption = std::string(24, '0');
+    for (auto& [row, label] : form.Label21.members()) label.Caption = "R4_2: " + std::string(24, '1');
+    for (const bool open : {false, true}) {
+      if (open) form.ACommand_Click();
+      form.Label70.Caption = "Main: Power Steering/LD";
+      form.Label71.Caption = "Aux: Power Steering/LD";
+      form.Label8.Caption = "    Current Hop  \r\n 32767\r\n\r\nFrequency:\r\n1747.20000012345";
+      form.Label15.Caption = "Current Freq:\r\n12747.200000 MHz";
+      const std::string name = entry.value() + (open ? "-panel" : "");
+      form.Hop1_Click();
+      visit(bench.window(), form, name + "-hop");
+      form.Sweep1_Click();
+      bench.program.door.click(open ? form.AutoOption1 : form.StepOption);
+      visit(bench.window(), form, name + "-sweep");
+      form.Gen1_Click();
+      visit(bench.window(), form, name);
+    }
+    if (form.ACommand.Caption == "Close") form.ACommand_Click();
+    form.Label17_Click();
+  }
+  for (forms::Form* dialog : bench.program.forms.all()) {
+    if (dialog == &form) continue;
+    dialog->Show();
+    if (!becomesActive(bench.window(*dialog))) ADD_FAILURE() << dialog->name() << " does not become active";
+    visit(bench.window(*dialog), *dialog, dialog->name());
+    dialog->Unload();
+  }
+}
+
+WithFontSize::WithFontSize(double points) {
   QFont font = before_;
   font.setPointSizeF(points);
   QApplication::setFont(font);
 }
-
-WithFontSize::~WithFontSize() { QApplication::setFont(before_); }
 
 }  // namespace tessarine::desktop

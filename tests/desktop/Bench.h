@@ -23,6 +23,13 @@ class SteadyClock : public Clock {
 // Gives the window the keyboard, and waits for it; false if that does not come.
 [[nodiscard]] bool becomesActive(QWidget& window);
 
+// Waits until `holds`; false if it does not come to that.
+template <class Condition>
+[[nodiscard]] bool comesTrue(Condition holds) {
+  constexpr int kPatienceMs = 30'000;
+  return QTest::qWaitFor(holds, kPatienceMs);
+}
+
 struct Bench {
   Bench();
   ~Bench() { desktop.detach(); }
@@ -39,15 +46,17 @@ struct Bench {
   [[nodiscard]] PllForm1& form() { return program.window; }
   [[nodiscard]] FormWindow& window() { return window(program.window); }
   [[nodiscard]] FormWindow& window(const forms::Form& of);
-  // The widget or menu entry with this object name, in the main window or behind "Form.". Null without one,
-  // and a failure of the test.
+  // The widget or menu entry with this object name, in the main window or behind "Form.". Throws without one.
   template <class Object = QWidget>
   [[nodiscard]] Object* find(const std::string& name);
+  [[nodiscard]] std::string text(const std::string& name);
+  [[nodiscard]] bool shows(const char* name);
 
-  // The operator: a click in the middle, a whole text, an item of a list, a menu entry.
+  // The operator: a click in the middle, a whole text, an item of a list, a key, a menu entry.
   void click(const std::string& name);
   void type(const std::string& name, const char* text);
   void pick(const std::string& name, int item);
+  void press(const std::string& name, const QKeySequence& keys);
   void menu(const std::string& name);
   // What the operator does once events run, that many milliseconds from now.
   void later(int milliseconds, std::function<void()> action);
@@ -68,19 +77,27 @@ struct Bench {
 
 template <class Object>
 Object* Bench::find(const std::string& name) {
-  return dynamic_cast<Object*>(findObject(name));
+  auto* const object = dynamic_cast<Object*>(findObject(name));
+  if (!object) throw std::runtime_error("nothing of this kind is called " + name);
+  return object;
 }
+
+// Brings the program into all its states: the first screen, each model with its panel closed and open in each
+// mode, with the longest texts that come there, and the dialogs. `visit` gets the window, its form and the
+// state's name.
+void visitStates(Bench& bench,
+                 const std::function<void(FormWindow&, const forms::Form&, const std::string&)>& visit);
 
 // Shows windows in another font while it lives.
 class WithFontSize {
  public:
   explicit WithFontSize(double points);
-  ~WithFontSize();
+  ~WithFontSize() { QApplication::setFont(before_); }
   WithFontSize(const WithFontSize&) = delete;
   WithFontSize& operator=(const WithFontSize&) = delete;
 
  private:
-  QFont before_;
+  QFont before_ = QApplication::font();
 };
 
 }  // namespace tessarine::desktop

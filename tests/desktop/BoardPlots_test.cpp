@@ -11,23 +11,23 @@ namespace {
 
 TEST(Span, FollowsWhatThereIsOrStaysWhereItIs) {
   Span span(1);
+  const auto expect = [&](double from, double to) {
+    EXPECT_EQ(span.from(), from);
+    EXPECT_EQ(span.to(), to);
+  };
   span.setLimits(0, 100);
   span.setLimits(0, 200);
-  EXPECT_EQ(span.to(), 200);  // all of it
+  expect(0, 200);
   span.followLast(50);
   span.setLimits(0, 300);
-  EXPECT_EQ(span.from(), 250);
+  expect(250, 300);
   span.zoom(0.5, 250);
-  EXPECT_EQ(span.from(), 250);
-  EXPECT_EQ(span.to(), 275);
   span.setLimits(0, 1000);
-  EXPECT_EQ(span.to(), 275);
+  expect(250, 275);
   span.move(-1000);
-  EXPECT_EQ(span.from(), 0);
-  EXPECT_EQ(span.length(), 25);
+  expect(0, 25);
   span.setLimits(500, 510);  // a new load, shorter than the stretch
-  EXPECT_EQ(span.from(), 500);
-  EXPECT_EQ(span.to(), 510);
+  expect(500, 510);
   span.zoom(1e-9, 505);
   EXPECT_EQ(span.length(), 1);
   span.zoom(1e9, 505);
@@ -47,28 +47,27 @@ TEST(FoldedTime, FoldsWhatIsFarLongerThanABitAndComesBack) {
   EXPECT_DOUBLE_EQ(FoldedTime(times, false).length(), 10'010);
 }
 
-TEST(Axis, StepsAreRoundAndTheirLabelsDiffer) {
-  struct Case {
+TEST(Texts, RoundStepsAndUnitsThatFitTheSize) {
+  const struct {
     double length, most, step;
     int decimals;
-  };
-  for (const Case& one :
-       {Case{25.2, 6, 5, 0}, {1, 6, 0.2, 1}, {0.0012, 6, 0.0002, 4}, {3e6, 10, 500'000, 0}}) {
-    EXPECT_DOUBLE_EQ(niceStep(one.length, one.most), one.step);
-    EXPECT_EQ(decimalsFor(one.step), one.decimals) << one.step;
+  } axes[] = {{25.2, 6, 5, 0}, {1, 6, 0.2, 1}, {0.0012, 6, 0.0002, 4}, {3e6, 10, 500'000, 0}};
+  for (const auto& axis : axes) {
+    EXPECT_DOUBLE_EQ(niceStep(axis.length, axis.most), axis.step);
+    EXPECT_EQ(decimalsFor(axis.step), axis.decimals) << axis.step;
   }
-}
-
-TEST(Texts, TakeTheUnitOfTheirSize) {
-  EXPECT_EQ(frequencyText(0.2).toStdString(), "200 kHz");
-  EXPECT_EQ(frequencyText(10).toStdString(), "10 MHz");
-  EXPECT_EQ(frequencyText(0.0000125).toStdString(), "12.5 Hz");
-  EXPECT_EQ(timeText(12).toStdString(), "12 µs");
-  EXPECT_EQ(timeText(-3250).toStdString(), "-3.25 ms");
-  EXPECT_EQ(timeText(2'500'000).toStdString(), "2.5 s");
-  EXPECT_EQ(offsetText(-0.01).toStdString(), "0.0 Hz");
-  EXPECT_EQ(offsetText(12.34).toStdString(), "+12.3 Hz");
-  EXPECT_EQ(groupedBinary(0xC8, 10).toStdString(), "00 1100 1000");
+  const std::pair<QString, const char*> texts[] = {
+      {frequencyText(0.2), "200 kHz"},
+      {frequencyText(10), "10 MHz"},
+      {frequencyText(0.0000125), "12.5 Hz"},
+      {timeText(12), "12 µs"},
+      {timeText(-3250), "-3.25 ms"},
+      {timeText(2'500'000), "2.5 s"},
+      {offsetText(-0.01), "0.0 Hz"},
+      {offsetText(12.34), "+12.3 Hz"},
+      {groupedBinary(0xC8, 10), "00 1100 1000"},
+  };
+  for (const auto& [shown, wanted] : texts) EXPECT_EQ(shown.toStdString(), wanted);
 }
 
 }  // namespace

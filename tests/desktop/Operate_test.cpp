@@ -2,11 +2,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QComboBox>
+#include <QClipboard>
 #include <QElapsedTimer>
-#include <QLabel>
-#include <QLineEdit>
 
 #include "desktop/Bench.h"
 
@@ -20,96 +17,72 @@ constexpr const char* kFword = "000000111000000010010010";
 constexpr const char* kRword = "000000000000000011001000";
 constexpr const char* kNword = "000000100011001000010001";
 
-bool isShown(Bench& bench, const char* name) {
-  const auto* const widget = bench.window().findChild<QWidget*>(QString::fromLatin1(name));
-  return widget && widget->isVisible();
-}
-
-TEST(FirstScreen, ShowsTheChoiceAloneThenTheWorkingScreen) {
+TEST(FirstScreen, ShowsTheChoiceAloneThenTheHourglassThenTheWorkingScreen) {
   Bench bench;
-  bench.host.version.reset();
   bench.start();
   EXPECT_EQ(bench.window().windowTitle(), "Tessarine  Rev. C0");
-  EXPECT_TRUE(isShown(bench, "ContinueCommand"));
-  EXPECT_FALSE(isShown(bench, "GeneralFrame"));
+  EXPECT_TRUE(bench.shows("ContinueCommand"));
+  EXPECT_FALSE(bench.shows("GeneralFrame"));
   EXPECT_THAT(bench.port.accesses, IsEmpty());
-  bench.click("ContinueCommand");
-  EXPECT_FALSE(isShown(bench, "Picture1"));
-  for (const char* name : {"GeneralFrame", "Frame2(0)", "DataFrame", "RefText", "AllCommand"}) {
-    EXPECT_TRUE(isShown(bench, name)) << name;
-  }
-  EXPECT_FALSE(isShown(bench, "MCommand"));
-  EXPECT_FALSE(isShown(bench, "Frame2(1)"));
-  EXPECT_EQ(bench.port.bytes(), std::vector<int>{0});
-}
-
-TEST(FirstScreen, ShowsTheHourglassWhileTheDriverStarts) {
-  Bench bench;
-  bench.start();
   bool hourglass = false;
   bench.later(500, [&] { hourglass = QApplication::overrideCursor() != nullptr; });
   bench.click("ContinueCommand");
-  EXPECT_TRUE(hourglass);
+  EXPECT_TRUE(hourglass) << "while the driver starts";
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
   EXPECT_THAT(bench.host.programs, ElementsAre("port driver"));
+  for (const char* name : {"GeneralFrame", "Frame2(0)", "DataFrame", "RefText", "AllCommand"})
+    EXPECT_TRUE(bench.shows(name)) << name;
+  for (const char* name : {"Picture1", "MCommand", "Frame2(1)"}) EXPECT_FALSE(bench.shows(name)) << name;
 }
 
-struct Panel {
-  int entry;
-  const char* panel;
-  const char* closeLabel;
-  const char* afterOpening;  // the caption of ACommand
-};
-
 TEST(Models, EachOpensItsPanelAndClosesItAgain) {
-  constexpr Panel kPanels[] = {
-      {1, "Frame16", "Label20", "Advanced"}, {2, "Frame16", "Label20", "Advanced"},
-      {3, "Frame16", "Label20", "Advanced"}, {5, "Frame11", "Label18", "Close"},
-      {6, "Frame11", "Label18", "Close"},    {7, "Frame11", "Label18", "Close"},
-      {8, "Frame11", "Label18", "Close"},    {9, "Frame11", "Label18", "Close"},
-      {10, "Frame16", "Label20", "Close"},   {11, "Frame13", "Label17", "Close"},
-      {12, "Frame13", "Label17", "Close"},   {13, "Frame17", "Label22", "Close"},
-      {14, "Frame12", "Label19", "Close"},   {15, "Frame12", "Label19", "Close"},
-      {17, "Frame24", "Label76", "Close"},
+  const struct {
+    std::vector<int> entries;
+    const char* panel;
+    const char* closeLabel;
+    const char* afterOpening;  // the caption of ACommand
+  } kPanels[] = {
+      {{1, 2, 3}, "Frame16", "Label20", "Advanced"}, {{5, 6, 7, 8, 9}, "Frame11", "Label18", "Close"},
+      {{10}, "Frame16", "Label20", "Close"},         {{11, 12}, "Frame13", "Label17", "Close"},
+      {{13}, "Frame17", "Label22", "Close"},         {{14, 15}, "Frame12", "Label19", "Close"},
+      {{17}, "Frame24", "Label76", "Close"},
   };
   Bench bench;
   bench.startWorking();
-  for (const Panel& panel : kPanels) {
-    SCOPED_TRACE(panel.entry);
-    bench.menu("pllM(" + std::to_string(panel.entry) + ")");
-    EXPECT_TRUE(bench.find<QAction>("pllM(" + std::to_string(panel.entry) + ")")->isChecked());
-    bench.click("ACommand");
-    EXPECT_TRUE(isShown(bench, panel.panel));
-    EXPECT_EQ(bench.form().ACommand.value(), panel.afterOpening);
-    // Nothing lies over the panel: the X in its corner is what one hits there.
-    bench.click(panel.closeLabel);
-    EXPECT_FALSE(isShown(bench, panel.panel));
-    EXPECT_EQ(bench.form().ACommand.value(), "Advanced");
+  for (const auto& panel : kPanels) {
+    for (const int entry : panel.entries) {
+      SCOPED_TRACE(entry);
+      const std::string name = "pllM(" + std::to_string(entry) + ")";
+      bench.menu(name);
+      EXPECT_TRUE(bench.find<QAction>(name)->isChecked());
+      bench.click("ACommand");
+      EXPECT_TRUE(bench.shows(panel.panel));
+      EXPECT_EQ(bench.text("ACommand"), panel.afterOpening);
+      // Nothing lies over the panel: the X in its corner is what one hits there.
+      bench.click(panel.closeLabel);
+      EXPECT_FALSE(bench.shows(panel.panel));
+      EXPECT_EQ(bench.text("ACommand"), "Advanced");
+    }
   }
 }
 
-TEST(GeneralMode, TypedNumbersBecomeWordsOnTheScreenAndOnTheWire) {
+TEST(GeneralMode, NumbersAndBitsBecomeWordsOnTheScreenAndOnTheWire) {
   Bench bench;
   bench.startTuned();
   bench.port.accesses.clear();
   bench.click("AllCommand");
-  EXPECT_EQ(bench.find<QLabel>("Fregister")->text(), kFword);
-  EXPECT_EQ(bench.find<QLabel>("Rregister")->text(), kRword);
-  EXPECT_EQ(bench.find<QLabel>("Nregister")->text(), kNword);
+  EXPECT_EQ(bench.text("Fregister"), kFword);
+  EXPECT_EQ(bench.text("Rregister"), kRword);
+  EXPECT_EQ(bench.text("Nregister"), kNword);
   EXPECT_THAT(bench.port.latches(), ElementsAre(kFword, kRword, kNword));
-  EXPECT_EQ(bench.find<QLabel>("LDLabel")->text(), "Lock Detect Off");
-}
+  EXPECT_EQ(bench.text("LDLabel"), "Lock Detect Off");
 
-TEST(GeneralMode, EnterSendsAndABitOfThePanelReachesTheWord) {
-  Bench bench;
-  bench.startTuned();
   bench.click("ACommand");
   bench.click("Label31(0)");  // DB21, power-down 2
   bench.click("Label33(0)");  // DB1 is fixed
   bench.click("Label18");
-  bench.find("VCOText")->setFocus();
-  QTest::keyClick(bench.find("VCOText"), Qt::Key_Return);
-  EXPECT_EQ(bench.find<QLabel>("Fregister")->text(), "001000111000000010010010");
+  bench.press("VCOText", Qt::Key_Return);
+  EXPECT_EQ(bench.text("Fregister"), "001000111000000010010010");
 }
 
 TEST(GeneralMode, LockDetectOnUsbTurnsTheLampGreen) {
@@ -117,7 +90,7 @@ TEST(GeneralMode, LockDetectOnUsbTurnsTheLampGreen) {
   bench.usb.lockPin = 1;
   bench.startTuned(true);
   bench.click("AllCommand");
-  EXPECT_EQ(bench.find<QLabel>("LDLabel")->text(), "Lock Detect On");
+  EXPECT_EQ(bench.text("LDLabel"), "Lock Detect On");
   const QImage lamp = bench.find("LDLabel")->grab().toImage();
   EXPECT_EQ(lamp.pixelColor(8, lamp.height() / 2), QColor(0, 255, 0));
 }
@@ -149,38 +122,38 @@ TEST(GeneralMode, AFaultIsOneMessageAndNothingIsSent) {
 TEST(GeneralMode, AClickDuringALoadNestsASecondLoad) {
   Bench bench;
   bench.startTuned();
+  const auto writes = [&] { return bench.port.count(FakePort::Access::Kind::write); };
   bench.port.accesses.clear();
   bench.click("AllCommand");
-  const auto writesOfOne = bench.port.count(FakePort::Access::Kind::write);
+  const int writesOfOne = writes();
   bench.port.accesses.clear();
   int writesBefore = 0;
   bench.later(0, [&] {
-    writesBefore = bench.port.count(FakePort::Access::Kind::write);
+    writesBefore = writes();
     bench.click("CalculateCommand");
   });
   bench.click("AllCommand");
   EXPECT_GT(writesBefore, 0) << "the second load starts in the middle of the first";
   EXPECT_LT(writesBefore, writesOfOne);
-  EXPECT_EQ(bench.port.count(FakePort::Access::Kind::write), 2 * writesOfOne);
-  EXPECT_EQ(bench.find<QLabel>("Nregister")->text(), kNword);
+  EXPECT_EQ(writes(), 2 * writesOfOne);
+  EXPECT_EQ(bench.text("Nregister"), kNword);
 }
 
 TEST(Modes, TheMenuShowsOneModeAtATime) {
   Bench bench;
   bench.startWorking();
   const std::vector<std::pair<const char*, const char*>> modes = {
-      {"Hop1(22)", "Frame2(1)"}, {"Sweep1(23)", "Frame2(2)"}, {"Gen1(21)", "Frame2(0)"}};
+      {"Hop1(22)", "Frame2(1)"}, {"Gen1(21)", "Frame2(0)"}, {"Sweep1(23)", "Frame2(2)"}};
   for (const auto& [entry, frame] : modes) {
     bench.menu(entry);
     for (const auto& [otherEntry, otherFrame] : modes) {
       EXPECT_EQ(bench.find<QAction>(otherEntry)->isChecked(), otherEntry == entry);
-      EXPECT_EQ(isShown(bench, otherFrame), otherFrame == frame);
+      EXPECT_EQ(bench.shows(otherFrame), otherFrame == frame);
     }
   }
-  bench.menu("Sweep1(23)");
-  EXPECT_FALSE(isShown(bench, "DelaySweepText1"));
+  EXPECT_FALSE(bench.shows("DelaySweepText1"));
   bench.click("AutoOption1");
-  EXPECT_TRUE(isShown(bench, "DelaySweepText1"));
+  EXPECT_TRUE(bench.shows("DelaySweepText1"));
 }
 
 TEST(Modes, StopEndsAHopInTheMiddleOfItsDelay) {
@@ -197,7 +170,7 @@ TEST(Modes, StopEndsAHopInTheMiddleOfItsDelay) {
   bench.click("StartHop");
   EXPECT_LT(time.elapsed(), 10'000);
   EXPECT_THAT(bench.port.latches().size(), ::testing::Ge(3U));
-  EXPECT_EQ(bench.form().Label8.value(), "    Current Hop            ");
+  EXPECT_EQ(bench.text("Label8"), "    Current Hop            ");
 }
 
 TEST(Close, PausesOnTheFirstScreenWhileTheMenusWork) {
@@ -205,7 +178,7 @@ TEST(Close, PausesOnTheFirstScreenWhileTheMenusWork) {
   bench.startTuned();
   bool firstScreen = false;
   bench.later(300, [&] {
-    firstScreen = isShown(bench, "Picture1") && !isShown(bench, "GeneralFrame");
+    firstScreen = bench.shows("Picture1") && !bench.shows("GeneralFrame");
     bench.menu("pllM(11)");
   });
   QElapsedTimer time;
@@ -214,53 +187,55 @@ TEST(Close, PausesOnTheFirstScreenWhileTheMenusWork) {
   EXPECT_GE(time.elapsed(), 2990);
   EXPECT_LT(time.elapsed(), 10'000);
   EXPECT_TRUE(firstScreen);
-  EXPECT_TRUE(isShown(bench, "GeneralFrame"));
-  EXPECT_EQ(bench.find<QLineEdit>("VCOText")->text(), "");
-  EXPECT_EQ(bench.find<QLabel>("Nregister")->text(), "");
+  EXPECT_TRUE(bench.shows("GeneralFrame"));
+  EXPECT_EQ(bench.text("VCOText"), "");
+  EXPECT_EQ(bench.text("Nregister"), "");
   EXPECT_EQ(bench.program.module.CurrentModel, "ADF4153");
 }
 
-TEST(Close, IsCopyInATextBoxAndCloseElsewhere) {
+TEST(Close, ItsKeysCopyAndCutInAFieldAndEndElsewhere) {
+  constexpr auto kCopy = Qt::CTRL | Qt::Key_C;
+  constexpr auto kCut = Qt::CTRL | Qt::Key_X;
   Bench bench;
   bench.startTuned();
-  bench.find("VCOText")->setFocus();
-  QTest::keySequence(bench.find("VCOText"), QKeySequence(Qt::CTRL | Qt::Key_C));
-  QCoreApplication::processEvents();
-  EXPECT_EQ(bench.form().VCOText.value(), "900");
-  QTest::keySequence(bench.find("VCOText"), QKeySequence::SelectAll);
-  QTest::keySequence(bench.find("VCOText"), QKeySequence(Qt::CTRL | Qt::Key_X));
-  QCoreApplication::processEvents();
-  EXPECT_EQ(bench.form().VCOText.value(), "") << "cut";
+  bench.press("VCOText", QKeySequence::SelectAll);
+  bench.press("VCOText", kCopy);
+  EXPECT_EQ(QApplication::clipboard()->text(), "900");
+  bench.press("PrescalarText", kCopy);
+  EXPECT_EQ(bench.form().VCOText.value(), "900") << "Close";
+  bench.press("VCOText", QKeySequence::SelectAll);
+  bench.press("VCOText", kCut);
+  EXPECT_EQ(bench.form().VCOText.value(), "");
   EXPECT_FALSE(bench.desktop.hasEnded());
-  bench.find("AllCommand")->setFocus();
-  QTest::keySequence(bench.find("AllCommand"), QKeySequence(Qt::CTRL | Qt::Key_X));
-  QCoreApplication::processEvents();
+  bench.press("AllCommand", kCut);
   EXPECT_TRUE(bench.desktop.hasEnded()) << "Exit";
 }
 
 TEST(Wiring, TheDialogMovesAWireAndAWrongPinIsRefused) {
+  constexpr const char* kClockPin = "ParallelForm.LPTwText(0)";
   Bench bench;
   bench.startTuned();
   bench.menu("Parallel(31)");
-  EXPECT_EQ(bench.window(bench.form().parallelForm).windowTitle(), "Form1");
-  bench.type("ParallelForm.LPTwText(0)", "10");
+  FormWindow& dialog = bench.window(bench.form().parallelForm);
+  EXPECT_EQ(dialog.windowTitle(), "Form1");
+  bench.type(kClockPin, "10");
   std::string said;
   bench.answerMessage(said);
   bench.click("ParallelForm.OKButton");
   EXPECT_EQ(said, "Pin number between 2-9 only !!");
-  EXPECT_TRUE(bench.window(bench.form().parallelForm).isVisible());
-  bench.type("ParallelForm.LPTwText(0)", "9");
-  QTest::keyClick(bench.find("ParallelForm.LPTwText(0)"), Qt::Key_Return);
-  EXPECT_FALSE(bench.window(bench.form().parallelForm).isVisible());
+  EXPECT_TRUE(dialog.isVisible());
+  bench.type(kClockPin, "9");
+  bench.press(kClockPin, Qt::Key_Return);
+  EXPECT_FALSE(dialog.isVisible());
   bench.port.accesses.clear();
   bench.click("AllCommand");
   EXPECT_THAT(bench.port.latches(128), ElementsAre(kFword, kRword, kNword));
 
   bench.menu("Parallel(31)");
   bench.click("ParallelForm.Command1");
-  EXPECT_EQ(bench.find<QLineEdit>("ParallelForm.LPTwText(0)")->text(), "2");
-  QTest::keyClick(bench.find("ParallelForm.LPTwText(0)"), Qt::Key_Escape);
-  EXPECT_FALSE(bench.window(bench.form().parallelForm).isVisible());
+  EXPECT_EQ(bench.text(kClockPin), "2");
+  bench.press(kClockPin, Qt::Key_Escape);
+  EXPECT_FALSE(dialog.isVisible());
 }
 
 }  // namespace
