@@ -10,6 +10,7 @@
 #include <QTest>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include "board/VirtualBoard.h"
 #include "desktop/board/BoardWindow.h"
@@ -28,8 +29,10 @@ class EventfulScreen : public FakeScreen {
   }
 };
 
+enum View { kChip, kRegisters, kWire, kFrequency };
+
 struct BoardDesk {
-  BoardDesk() {
+  explicit BoardDesk(View view = kChip) {
     host.host.version.reset();  // a host that needs no driver and so no wait for one
     program.start();
     click("IOOption(0)");
@@ -37,33 +40,26 @@ struct BoardDesk {
     window.saving().ask = [this](QWidget&, const FileKind& kind) { return folder.filePath(kind.suggested); };
     window.show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+    show(view);
   }
 
   // The operator at the control window.
   void click(const char* name) { expectDone(program.door.click(*program.forms.find(name))); }
-  void set(const char* name, const char* value) {
-    expectDone(program.door.set(*program.forms.find(name), value));
+  void set(std::initializer_list<std::pair<const char*, const char*>> values) {
+    for (const auto& [name, value] : values) expectDone(program.door.set(*program.forms.find(name), value));
   }
   void pick(const std::string& model) {
     for (auto& [index, entry] : program.window.pllM.members()) {
       if (entry.Caption == model) expectDone(program.door.click(entry));
     }
     port.board().plug(model);
+    settle();
   }
-  void tune(const char* megahertz) {
-    set("RefText", "10");
-    set("CompText", "200");
-    set("PrescalarText", "8/9");
-    set("VCOText", megahertz);
-  }
-  // A chip at 900 MHz, then silence enough to end the load.
-  void load(const char* megahertz = "900", const std::string& model = "ADF4113") {
-    pick(model);
-    tune(megahertz);
+  // An ADF4113 at that frequency, then silence enough to end the load.
+  void load(const char* megahertz = "900") {
+    pick("ADF4113");
+    set({{"RefText", "10"}, {"CompText", "200"}, {"PrescalarText", "8/9"}, {"VCOText", megahertz}});
     click("AllCommand");
-    rest();
-  }
-  void rest() {
     host.clock.elapsed += board::EvaluationBoard::kPauseMicroseconds;
     settle();
   }
@@ -73,20 +69,21 @@ struct BoardDesk {
     EXPECT_TRUE(QTest::qWaitFor([this] { return window.isUpToDate(); }));
     QTest::qWait(1);
   }
-  void show(int view) {
+  void show(View view) {
     find<QTabWidget>("boardViews")->setCurrentIndex(view);
     settle();
   }
-  template <class Widget>
+  template <class Widget = QWidget>
   [[nodiscard]] Widget* find(const char* name) {
     for (QWidget* const widget : window.findChildren<QWidget*>(QString::fromLatin1(name))) {
       if (auto* const found = dynamic_cast<Widget*>(widget)) return found;
     }
-    ADD_FAILURE() << "no widget " << name;
-    return nullptr;
+    throw std::runtime_error(std::string("no widget ") + name);
   }
   [[nodiscard]] std::string label(const char* name) { return find<QLabel>(name)->text().toStdString(); }
-  [[nodiscard]] QByteArray saved(const char* name) const {
+  // What is in the file that this button saves.
+  [[nodiscard]] QByteArray saved(const char* button, const char* name) {
+    QTest::mouseClick(find(button), Qt::LeftButton);
     QFile file(folder.filePath(QString::fromLatin1(name)));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
   }
@@ -96,11 +93,11 @@ struct BoardDesk {
   QTemporaryDir folder;
   FakePlatform host;
   EventfulScreen screen{host.clock};
-  double referenceMHz = 10;
-  board::VirtualBoard port{{[this] { return host.clock.elapsed; }, [this] { return referenceMHz; }},
+  board::VirtualBoard port{{[this] { return host.clock.elapsed; }, [] { return 10.0; }},
                            [] { return board::Cable{}; }};
   Platform platform{port, port, port, host.host, host.clock, screen};
   Program program{platform};
+  PllForm1& form = program.window;
   BoardWindow window{{.board = port.board(), .virtualBoard = &port, .askedMHz = [this] {
                         const double asked = program.module.ThePLL().Fvco;
                         return asked > 0 ? std::optional<double>(asked) : std::nullopt;

@@ -1,5 +1,6 @@
 // The file browser by mouse and keyboard, from the Browse button to a word that was made from the file.
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include <QAbstractItemView>
 #include <QTimer>
@@ -55,7 +56,7 @@ struct Browse : ::testing::Test {
     if (twice) QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, middle);
   }
 
-  const fs::path root = fs::temp_directory_path() / "tessarine browse test";
+  const fs::path root = fs::temp_directory_path() / ("browse test " + std::to_string(::getpid()));
   const fs::path folder = root / kFolder.toStdString();
   const fs::path before;
   Bench bench;
@@ -108,22 +109,23 @@ TEST_F(Browse, PicksAFileWithTheKeyboardAlone) {
   EXPECT_EQ(bench.text("Text40"), (folder / "low band.txt").string());
 }
 
-TEST_F(Browse, ShowsWhatCanBeShownOfWhatVanishesOrIsVeryLong) {
-  for (int i = 0; i < 20'000; ++i) std::ofstream(root / ("phase" + std::to_string(10'000 + i) + ".dat"));
+TEST_F(Browse, ShowsWhatIsThereOfWhatVanishesOrIsVeryLong) {
+  const fs::path many = root / "many";
+  fs::create_directories(many);
+  for (int i = 0; i < 20'000; ++i) std::ofstream(many / ("phase" + std::to_string(10'000 + i) + ".txt"));
   browse([&] {
     bench.type("BrowseForm.Text1", "*.txt");
     EXPECT_EQ(rows("BrowseForm.File1"), 1);
     clickRow("BrowseForm.Dir1", kFolder, false);
     fs::remove_all(folder);
-    const std::clock_t start = std::clock();
     bench.press("BrowseForm.Dir1", Qt::Key_Return);
     EXPECT_EQ(bench.text("BrowseForm.Label4"), root.string());
-    bench.type("BrowseForm.Text1", "*.dat");
-    QCoreApplication::processEvents();
-    EXPECT_EQ(rows("BrowseForm.File1"), 20'000);
-    EXPECT_LT(std::clock() - start, CLOCKS_PER_SEC) << "a pause that is felt";
     bench.pick("BrowseForm.Drive1", 0);
-    EXPECT_TRUE(dialog().isVisible());
+    const std::clock_t start = std::clock();
+    clickRow("BrowseForm.Dir1", QStringLiteral("many"), true);
+    QCoreApplication::processEvents();
+    EXPECT_LT(std::clock() - start, CLOCKS_PER_SEC) << "a pause that is felt";
+    EXPECT_EQ(rows("BrowseForm.File1"), 20'000);
     dialog().close();
   });
   EXPECT_EQ(bench.text("Text40"), "");

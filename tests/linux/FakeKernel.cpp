@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <fstream>
 #include <iterator>
+#include <regex>
 #include <utility>
 
 namespace tessarine {
@@ -18,11 +19,20 @@ std::string hexByte(unsigned value) {
   return text;
 }
 
-bool isInTheManual(const std::string& sentence) {
+bool isInTheManual(std::string sentence) {
   std::ifstream file(TESSARINE_SOURCE_DIR "/docs/hardware.md");
   const std::string manual{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-  const std::size_t end = std::min(sentence.find(". "), sentence.find(" (ppdev0)"));
-  return manual.find("\n| " + sentence.substr(0, end)) != std::string::npos;
+  const auto holds = [&](const std::string& part) { return manual.find(part) != std::string::npos; };
+  bool found = holds("\n| " + sentence.substr(0, std::min(sentence.find(". "), sentence.find(" (ppdev0)"))));
+  const std::size_t line = sentence.find("ype");
+  if (line == std::string::npos) return found;
+  sentence.erase(0, sentence.find(": ", line) + 2);
+  sentence.erase(std::min(sentence.size(), sentence.find(" (and")));
+  const std::regex joints("; | && | \\| ");
+  for (std::sregex_token_iterator part(sentence.begin(), sentence.end(), joints, -1), end; part != end;
+       ++part)
+    found = found && holds(*part);
+  return found;
 }
 
 void FakeKernel::addPort(std::uint16_t base, const std::string& name) {

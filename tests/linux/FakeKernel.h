@@ -66,7 +66,8 @@ class FakeKernel : public Kernel {
 
 [[nodiscard]] std::string hexByte(unsigned value);
 
-// Whether docs/hardware.md has the sentence, up to the line to type, for the operator who looks it up.
-[[nodiscard]] bool isInTheManual(const std::string& sentence);
+// Whether docs/hardware.md has the sentence, for the operator who looks it up, and each command of the line
+// to type.
+[[nodiscard]] bool isInTheManual(std::string sentence);
 
 }  // namespace tessarine

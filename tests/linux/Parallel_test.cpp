@@ -14,6 +14,7 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::StartsWith;
 
 constexpr std::uint16_t kData = 0x378;
 constexpr std::uint16_t kControl = 0x37A;
@@ -56,9 +57,9 @@ TEST_F(Parallel, APortThatOthersSignedUpForIsTakenOnlyWhileNobodyHasIt) {
   EXPECT_THAT(kernel.taken(), ElementsAre("open /dev/parport0", "flock", "PPEXCL", "PPCLAIM", "close"));
 }
 
-// What stands in the way of an access, and the sentence that tells of it.
+// What stands in the way of an access, and how the sentence that tells of it begins.
 struct Obstacle {
-  std::string sentence;
+  const char* sentence;
   std::uint16_t known = 0;  // the port that the kernel's driver knows
   int node = 0;             // what opening its node gives
   int raw = -ENOENT;        // and /dev/port
@@ -71,63 +72,35 @@ struct Obstacle {
   std::uint16_t address = kData;
 };
 
-const std::string kLoadModules = "Type: sudo modprobe -a parport_pc ppdev";
-const std::string kSeeWho = "To see which, type: sudo fuser -v /dev/parport0";
-const std::string kOtherAddress =
-    "Enter another in Config, Parallel Port; to see who has which, type: sudo cat /proc/ioports";
-
 const Obstacle kObstacles[] = {
-    {.sentence = "Parallel port 378 is missing: the kernel's modules for it are not loaded. " + kLoadModules},
-    {.sentence = "Parallel port 378 is missing: the kernel knows 278. Enter that address in Config, Parallel "
-                 "Port; or, if the port is there, type: sudo modprobe -r lp ppdev parport_pc; sudo modprobe "
-                 "parport_pc io=0x378 && sudo modprobe ppdev",
-     .known = 0x278},
-    {.sentence =
-         "Parallel port 378 has no device node: the module ppdev is missing. Type: sudo modprobe ppdev",
-     .known = kData,
-     .node = -ENOENT},
-    {.sentence = "No permission for parallel port 378: /dev/parport0 belongs to the group lp. Type: sudo "
-                 "usermod -aG lp $USER (and log in again)",
-     .known = kData,
-     .node = -EACCES,
-     .raw = 0},  // no way round a port that the kernel's driver has
-    {.sentence = "Parallel port 378 is busy: another program holds it. " + kSeeWho,
-     .known = kData,
-     .locked = true},
-    {.sentence = "Parallel port 378 is busy: another program holds it (ppdev0). " + kSeeWho,
+    {.sentence = "Parallel port 378 is missing: the kernel's modules for it are not loaded. Type: "},
+    {.sentence = "Parallel port 378 is missing: the kernel knows 278. ", .known = 0x278},
+    {.sentence = "Parallel port 378 has no device node: ", .known = kData, .node = -ENOENT},
+    // There is no way round a port that the kernel's driver has.
+    {.sentence = "No permission for parallel port 378: ", .known = kData, .node = -EACCES, .raw = 0},
+    {.sentence = "Parallel port 378 is busy: another program holds it. ", .known = kData, .locked = true},
+    {.sentence = "Parallel port 378 is busy: another program holds it (ppdev0). To see which, type: ",
      .known = kData,
      .holder = "ppdev0",
      .registered = true},
-    {.sentence = "Parallel port 378 is busy: another program holds it. " + kSeeWho,
-     .known = kData,
-     .exclusive = true},
-    {.sentence = "Raw access to parallel port 378 is forbidden by the kernel (lockdown, as with Secure "
-                 "Boot); its driver is not. " +
-                 kLoadModules,
-     .raw = -EPERM,
-     .root = true},
-    {.sentence = "No permission for raw access to parallel port 378: that takes root, the kernel's driver "
-                 "does not. " +
-                 kLoadModules,
+    {.sentence = "Parallel port 378 is busy: another program holds it. ", .known = kData, .exclusive = true},
+    {.sentence = "Raw access to parallel port 378 is forbidden by the kernel ", .raw = -EPERM, .root = true},
+    {.sentence = "No permission for raw access to parallel port 378: ",
      .raw = -EACCES,
      .throughLibrary = true},
-    {.sentence = "Parallel port 378 is busy: the printer driver lp holds it. Type: sudo modprobe -r lp",
+    {.sentence = "Parallel port 378 is busy: the printer driver lp holds it. Type: ",
      .known = kData,
      .raw = 0,
      .holder = "lp",
      .throughLibrary = true},
-    {.sentence = "Address 3F8 is forbidden: it is no parallel port but belongs to serial. " + kOtherAddress,
+    {.sentence = "Address 3F8 is forbidden: it is no parallel port but belongs to serial. ",
      .raw = 0,
      .throughLibrary = true,
      .address = 0x3F8},
-    {.sentence = "Address 0 is forbidden: it is no parallel port but belongs to the computer's own board. " +
-                 kOtherAddress,
+    {.sentence = "Address 0 is forbidden: it is no parallel port but belongs to the computer's own board. ",
      .raw = 0,
      .address = 0},
-    {.sentence = "Address 379 is missing: a parallel port has its data register at a multiple of 4 and its "
-                 "control register at that plus 2",
-     .known = kData,
-     .address = 0x379},
+    {.sentence = "Address 379 is missing: ", .known = kData, .address = 0x379},
 };
 
 TEST_F(Parallel, EachObstacleIsNamedWithTheLineToTypeAndTriedOnceASecond) {
@@ -150,17 +123,18 @@ TEST_F(Parallel, EachObstacleIsNamedWithTheLineToTypeAndTriedOnceASecond) {
       if (obstacle.throughLibrary) return p.library.OutputByte1(obstacle.address, 0);
       p.driver.DlPortWritePortUchar(obstacle.address, 0);
     };
-    EXPECT_EQ(faultOf(attempt), obstacle.sentence);
-    EXPECT_EQ(p.whyNotOpen(), obstacle.sentence);
-    EXPECT_TRUE(obstacle.address == 0 || isInTheManual(obstacle.sentence));
+    const std::string told = faultOf(attempt);
+    EXPECT_THAT(told, StartsWith(obstacle.sentence));
+    EXPECT_TRUE(obstacle.address == 0 || isInTheManual(told)) << told;
+    EXPECT_EQ(p.whyNotOpen(), told);
     EXPECT_FALSE(k.waitedForEver);
 
     const std::size_t opening = k.taken().size();
     k.now += 0.9;
-    for (int i = 0; i < 110; ++i) EXPECT_EQ(faultOf(attempt), obstacle.sentence);
+    for (int i = 0; i < 110; ++i) EXPECT_EQ(faultOf(attempt), told);
     EXPECT_THAT(k.taken(), IsEmpty());
     k.now += 0.2;
-    EXPECT_EQ(faultOf(attempt), obstacle.sentence);
+    EXPECT_EQ(faultOf(attempt), told);
     EXPECT_EQ(k.taken().size(), opening);
   }
 }
@@ -210,11 +184,9 @@ TEST_F(Parallel, ARepairedPortWorksWithoutARestart) {
   EXPECT_EQ(host.whyNotOpen(), "");
 
   kernel.broken = true;
-  const char* const sentence =
-      "Parallel port 378 failed: Input/output error. To see what the kernel says, type: sudo dmesg | grep "
-      "parport";
+  const std::string sentence = faultOf([&] { write(kData, 1); });
+  EXPECT_THAT(sentence, StartsWith("Parallel port 378 failed: Input/output error. "));
   EXPECT_TRUE(isInTheManual(sentence));
-  EXPECT_EQ(faultOf([&] { write(kData, 1); }), sentence);
   (void)kernel.taken();
   EXPECT_EQ(faultOf([&] { write(kData, 1); }), sentence);
   EXPECT_THAT(kernel.taken(), IsEmpty());
@@ -241,18 +213,15 @@ TEST_F(Parallel, OnlyTheReadBackTellsOfAPortThatIsNotThere) {
   write(kData, 0);
   EXPECT_EQ(host.whyNotOpen(), "");
   EXPECT_EQ(host.driver.DlPortReadPortUchar(kData), 0xFF);
-  EXPECT_EQ(host.whyNotOpen(),
-            "Parallel port 378 is missing: nothing answers at this address (it reads FF). To see which "
-            "addresses the kernel knows, type: cat /proc/sys/dev/parport/*/base-addr");
+  EXPECT_THAT(host.whyNotOpen(),
+              StartsWith("Parallel port 378 is missing: nothing answers at this address "));
   EXPECT_TRUE(isInTheManual(host.whyNotOpen()));
   // One that holds a line is another matter, and one that gives in is none.
   kernel.addPort(kData, "");
   write(kData, 4);
   kernel.outb(kData, 0);
   EXPECT_EQ(host.driver.DlPortReadPortUchar(kData), 0);
-  EXPECT_EQ(host.whyNotOpen(),
-            "Parallel port 378 reads 0 where 4 was written: its lines are inputs, shorted "
-            "or held by the board");
+  EXPECT_THAT(host.whyNotOpen(), StartsWith("Parallel port 378 reads 0 where 4 was written: "));
   EXPECT_TRUE(isInTheManual(host.whyNotOpen()));
   kernel.outb(kData, 4);
   EXPECT_EQ(host.driver.DlPortReadPortUchar(kData), 4);
