@@ -51,9 +51,9 @@ class SampleForm : public Form {
       "Options", {{0, Box, "One", at(100, 400, 1500, 300)}, {1, Box, "Two", at(100, 800, 1500, 300)}}};
   One<Label> Name{*this, "Name", "Mode", at(100, 1700, 600, 200), caption};
   Array<Label> Bits{"Bits", *this, "01", 1, -1, at(100, 1900, 310, 310), 330, bit};
+  One<Label> Late{*this, "Late", "late", at(3200, 2400, 1200, 300), hidden};
   One<CommandButton> Button{*this, "Button", "&Go on", at(3200, 1900, 1200, 360), isDefault};
   One<CommandButton> Escape{*this, "Escape", "Leave", at(4500, 1900, 1200, 360), isCancel};
-  One<Label> Late{*this, "Late", "late", at(3200, 2400, 1200, 300), hidden};
 };
 
 struct Binding : ::testing::Test {
@@ -104,6 +104,9 @@ TEST_F(Binding, ShowsWhatTheProgramChangesWithoutTakingItForTheOperator) {
   EXPECT_EQ(find<QComboBox>("Combo")->currentText(), "");
   form.Late.Visible = true;
   EXPECT_EQ(find<QLabel>("Late")->text(), "late");
+  const QObjectList& siblings = find("Late")->parent()->children();
+  EXPECT_LT(siblings.indexOf(find("Late")), siblings.indexOf(find("Button")))
+      << "below what stands behind it";
   form.Field.Enabled = false;
   EXPECT_FALSE(find("Field")->isEnabled());
   form.Field.Move(1700, 4000, 1200, 300);

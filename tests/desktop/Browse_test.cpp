@@ -65,6 +65,7 @@ struct Browse : ::testing::Test {
 TEST_F(Browse, PicksAFileWithTheMouseAndTheWordIsMadeFromIt) {
   bool mainWindowBlocked = false;
   browse([&] {
+    EXPECT_TRUE(dialog().isModal());
     QTest::mouseClick(bench.find("Label31(0)"), Qt::LeftButton);
     mainWindowBlocked = bench.form().Label31(0).value() == "0";
     clickRow("BrowseForm.Dir1", kFolder, true);

@@ -33,7 +33,7 @@ TEST(LinuxHost, StartsThePortDriverHiddenAndWithoutWaiting) {
   std::filesystem::create_directories(folder);
   const auto program = folder / "modprobe";
   const auto told = folder / "told";
-  std::ofstream(program) << "#!/bin/sh\ncd " << folder.string() << "\nread line\nsleep 0.2\necho visible\n"
+  std::ofstream(program) << "#!/bin/sh\ncd " << folder.string() << "\nread line\nsleep 0.5\necho visible\n"
                          << "echo \"$@\" >new\nmv new told\n";
   std::filesystem::permissions(program, std::filesystem::perms::owner_all);
   const std::string none = (folder / "none").string();
