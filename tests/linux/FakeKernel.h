@@ -2,43 +2,120 @@
 // the way.
 #pragma once
 
+#include <linux/ppdev.h>
+#include <sys/ioctl.h>
+
+#include <cerrno>
 #include <map>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/linux/Kernel.h"
 
 namespace tessarine {
 
+[[nodiscard]] std::string hexByte(unsigned value);
+
+// Whether docs/hardware.md has the sentence, for the operator who looks it up, and each command of the line
+// to type.
+[[nodiscard]] bool isInTheManual(std::string sentence);
+
 class FakeKernel : public Kernel {
  public:
   // A port on the bus: its registers answer. `name` empty: the kernel's driver does not know it.
-  void addPort(std::uint16_t base, const std::string& name);
+  void addPort(std::uint16_t base, const std::string& name) {
+    for (int offset = 0; offset < 3; ++offset) answering_.insert(static_cast<std::uint16_t>(base + offset));
+    if (name.empty()) return;
+    files[kParports + name + "/base-addr"] = std::to_string(base) + "\t0\n";
+    files[kParports + name + "/devices/active"] = "none\n";
+    files[kParports + std::string("default/timeslice")] = "200\n";
+    parports_["/dev/" + name] = base;
+    nodes["/dev/" + name] = 0;
+  }
+  [[nodiscard]] std::uint8_t at(std::uint16_t address) const {
+    if (!answering_.contains(address)) return 0xFF;
+    const auto found = registers_.find(address);
+    return found == registers_.end() ? std::uint8_t{0} : found->second;
+  }
+  // The system calls since the last time, one text each: "open /dev/parport0", "PPWDATA 2F", "pwrite 378 2F".
+  [[nodiscard]] std::vector<std::string> taken() { return std::exchange(calls_, {}); }
 
-  int open(const std::string& path, int flags) override;
-  void close(int descriptor) override;
-  int flock(int descriptor, int operation) override;
-  int ioctl(int descriptor, unsigned long request, void* argument) override;
-  ssize_t pread(int descriptor, std::uint8_t& byte, off_t offset) override;
-  ssize_t pwrite(int descriptor, std::uint8_t byte, off_t offset) override;
-  int ioperm(unsigned long first, unsigned long count) override;
+  int open(const std::string& path, int) override {
+    calls_.push_back("open " + path);
+    const auto node = nodes.find(path);
+    if (node == nodes.end()) return -ENOENT;
+    if (node->second < 0) return node->second;
+    open_[nextDescriptor_] = {.path = path, .base = parports_[path]};
+    return nextDescriptor_++;
+  }
+  void close(int descriptor) override {
+    calls_.emplace_back("close");
+    open_.erase(descriptor);
+  }
+  int flock(int, int) override {
+    calls_.emplace_back("flock");
+    return flockResult;
+  }
+  int ioctl(int descriptor, unsigned long request, void* argument) override {
+    static const std::map<unsigned long, const char*> kNames = {
+        {PPEXCL, "PPEXCL"},         {PPCLAIM, "PPCLAIM"},    {PPRELEASE, "PPRELEASE"},
+        {PPWDATA, "PPWDATA"},       {PPRDATA, "PPRDATA"},    {PPWCONTROL, "PPWCONTROL"},
+        {PPRCONTROL, "PPRCONTROL"}, {PPDATADIR, "PPDATADIR"}};
+    Open& file = open_.at(descriptor);
+    std::string& call = calls_.emplace_back(kNames.at(request));
+    if (broken) return -EIO;
+    if (request == PPCLAIM) return claim(file);
+    if (request == PPEXCL) file.exclusive = true;
+    const bool isData = request == PPWDATA || request == PPRDATA;
+    const auto address = static_cast<std::uint16_t>(file.base + (isData ? 0 : 2));
+    auto* const byte = static_cast<std::uint8_t*>(argument);
+    if (request == PPWDATA || request == PPWCONTROL) {
+      call += " " + hexByte(*byte);
+      registers_[address] = *byte;
+    } else if (request == PPRDATA || request == PPRCONTROL) {
+      *byte = at(address);
+    } else if (request == PPDATADIR) {
+      call += " " + std::to_string(*static_cast<int*>(argument));
+    }
+    return file.claimed || request == PPEXCL ? 0 : -EPERM;
+  }
+  ssize_t pread(int, std::uint8_t& byte, off_t offset) override {
+    calls_.push_back("pread " + hexByte(static_cast<unsigned>(offset)));
+    byte = at(static_cast<std::uint16_t>(offset));
+    return broken ? 0 : 1;
+  }
+  ssize_t pwrite(int, std::uint8_t byte, off_t offset) override {
+    calls_.push_back("pwrite " + hexByte(static_cast<unsigned>(offset)) + " " + hexByte(byte));
+    registers_[static_cast<std::uint16_t>(offset)] = byte;
+    return broken ? 0 : 1;
+  }
+  int ioperm(unsigned long first, unsigned long count) override {
+    calls_.push_back("ioperm " + hexByte(static_cast<unsigned>(first)) + " " + std::to_string(count));
+    return iopermResult;
+  }
   void outb(std::uint16_t address, std::uint8_t value) override { registers_[address] = value; }
   std::uint8_t inb(std::uint16_t address) override { return at(address); }
-  std::optional<std::string> textOf(const std::string& path) override;
-  std::vector<std::string> entriesOf(const std::string& folder) override;
+  std::optional<std::string> textOf(const std::string& path) override {
+    const auto found = files.find(path);
+    return found == files.end() ? std::nullopt : std::optional(found->second);
+  }
+  std::vector<std::string> entriesOf(const std::string& folder) override {
+    std::set<std::string> names;
+    for (const auto& [path, text] : files)
+      if (path.starts_with(folder))
+        names.insert(path.substr(folder.size(), path.find('/', folder.size()) - folder.size()));
+    return {names.begin(), names.end()};
+  }
   std::optional<std::string> linkOf(const std::string& path) override { return textOf(path); }
   bool isRoot() override { return root; }
   double seconds() override { return now; }
 
-  [[nodiscard]] std::uint8_t at(std::uint16_t address) const;
-  // The system calls since the last time, one text each: "open /dev/parport0", "PPWDATA 2F", "pwrite 378 2F".
-  [[nodiscard]] std::vector<std::string> taken();
-
   std::map<std::string, int> nodes;          // path to the result of open: 0, or a negative errno
   std::map<std::string, std::string> files;  // and links
   int flockResult = 0;
-  int iopermResult = -1;          // -EPERM
+  int iopermResult = -EPERM;
   bool othersRegistered = false;  // another client, such as the printer driver, has signed up for the port
   bool othersExclusive = false;   // and wants it alone
   bool broken = false;            // the port was pulled out
@@ -47,6 +124,8 @@ class FakeKernel : public Kernel {
   bool waitedForEver = false;  // a claim that only a signal would have ended
 
  private:
+  static constexpr const char* kParports = "/proc/sys/dev/parport/";
+
   struct Open {
     std::string path;
     std::uint16_t base = 0;
@@ -54,7 +133,16 @@ class FakeKernel : public Kernel {
     bool claimed = false;
   };
 
-  int claim(Open& file);
+  int claim(Open& file) {
+    if (othersExclusive || (file.exclusive && othersRegistered)) return -ENXIO;
+    if (files[kParports + file.path.substr(5) + "/devices/active"] != "none\n") {
+      waitedForEver = true;
+      return -EINTR;
+    }
+    file.claimed = true;
+    registers_[static_cast<std::uint16_t>(file.base + 2)] = 0x0C;
+    return 0;
+  }
 
   std::vector<std::string> calls_;
   std::map<int, Open> open_;
@@ -63,11 +151,5 @@ class FakeKernel : public Kernel {
   std::set<std::uint16_t> answering_;
   int nextDescriptor_ = 3;
 };
-
-[[nodiscard]] std::string hexByte(unsigned value);
-
-// Whether docs/hardware.md has the sentence, for the operator who looks it up, and each command of the line
-// to type.
-[[nodiscard]] bool isInTheManual(std::string sentence);
 
 }  // namespace tessarine
