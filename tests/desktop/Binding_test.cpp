@@ -7,10 +7,12 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
 
 #include "desktop/Bench.h"
 #include "desktop/EventCounter.h"
 #include "forms/Build.h"
+#include "forms/FileControls.h"
 
 namespace tessarine::desktop {
 namespace {
@@ -29,6 +31,7 @@ class SampleForm : public Form {
     for (Control* const control : controls()) {
       const bool isRead = control->kind() == Kind::Label && static_cast<Label*>(control)->look != Look::bit;
       if (!isRead) control->Click = note(*control);
+      control->DblClick = note(*control);
     }
   }
   Event note(Control& control) {
@@ -51,6 +54,7 @@ class SampleForm : public Form {
       "Options", {{0, Box, "One", at(100, 400, 1500, 300)}, {1, Box, "Two", at(100, 800, 1500, 300)}}};
   One<Label> Name{*this, "Name", "Mode", at(100, 1700, 600, 200), caption};
   Array<Label> Bits{"Bits", *this, "01", 1, -1, at(100, 1900, 310, 310), 330, bit};
+  One<FileListBox> Files{*this, "Files", "", at(100, 2400, 3000, 2000)};
   One<Label> Late{*this, "Late", "late", at(3200, 2400, 1200, 300), hidden};
   One<CommandButton> Button{*this, "Button", "&Go on", at(3200, 1900, 1200, 360), isDefault};
   One<CommandButton> Escape{*this, "Escape", "Leave", at(4500, 1900, 1200, 360), isCancel};
@@ -135,6 +139,15 @@ TEST_F(Binding, HandsEachActionOfTheOperatorOverOnce) {
   press("Bits(0)", Qt::Key_Space);
   QTest::mouseClick(find("Bits(1)"), Qt::LeftButton);
   EXPECT_THAT(form.takeNotes(), ElementsAre("Bits(0) 1", "Bits(1) 0"));
+
+  form.Files.List = std::vector<std::string>{"a", "b", "c"};
+  auto* const files = find<QListView>("Files");
+  QTest::keyClicks(files, "b");  // jumps
+  EXPECT_THAT(form.takeNotes(), ElementsAre("Files b"));
+  const QPoint row = files->visualRect(files->currentIndex()).center();
+  QTest::mouseClick(files->viewport(), Qt::LeftButton, {}, row);
+  QTest::mouseDClick(files->viewport(), Qt::LeftButton, {}, row);
+  EXPECT_THAT(form.takeNotes(), ElementsAre("Files b", "Files b")) << "a click, then a double click";
 }
 
 TEST_F(Binding, LeavesAWidgetAsItWasWhereTheDoorRefuses) {
