@@ -329,9 +329,8 @@ TEST(BoardWindow, TenThousandSendsAreBoundedInPaintingAndMemory) {
   BoardDesk desk(kWire);
   desk.load("900");
   constexpr int kSends = 10'000;
-  constexpr std::size_t kRoom = std::size_t{16} << 20;
   const auto* const plot = desk.find<WirePlot>("wirePlot");
-  std::size_t half = 0;
+  [[maybe_unused]] std::size_t half = 0;
   const EventCounter paints(QEvent::Paint, [&](const QObject& object) { return &object == plot; });
   QElapsedTimer clock;
   clock.start();
@@ -343,7 +342,10 @@ TEST(BoardWindow, TenThousandSendsAreBoundedInPaintingAndMemory) {
   const double seconds = static_cast<double>(clock.nsecsElapsed()) / 1e9;
   EXPECT_GT(paints.count, 0);
   EXPECT_LE(paints.count, 60 * seconds + 2);
+#ifndef TESSARINE_SANITIZE  // it keeps what was freed
+  constexpr std::size_t kRoom = std::size_t{16} << 20;
   EXPECT_LT(residentBytes(), half + kRoom);
+#endif
   EXPECT_LE(desk.port.board().trace().size(), board::WireTrace::kCapacity);
   EXPECT_LE(plot->stretch().changes.size(), WireStretch::kMostChanges);
 }

@@ -14,7 +14,7 @@ namespace tessarine::desktop {
 
 namespace {
 
-constexpr double kShortestSpan = 8;  // microseconds
+constexpr double kShortestStretch = 8;  // microseconds
 // Far less than a microsecond and far more than what places are rounded by.
 constexpr double kHair = 1e-4;
 constexpr double kLoneBit = 2;  // half the room of a bit without neighbours, in microseconds
@@ -57,7 +57,7 @@ struct WirePlot::Pens {
   Signs signs;
 };
 
-WirePlot::WirePlot() : PlotWidget(kShortestSpan) {
+WirePlot::WirePlot() : PlotWidget(kShortestStretch) {
   setAccessibleName(QStringLiteral("Waveforms of CLOCK, DATA and LE"));
 }
 
