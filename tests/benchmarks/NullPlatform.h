@@ -21,6 +21,9 @@ class NullPort : public PortDriver, public PortLibrary {
   std::uint8_t latch_ = 0;
 };
 
+// The port accesses of an ADF4113 load without the program around them.
+void bareLoad(PortDriver& driver);
+
 // The working screen with a chip picked, tuned to 1800 MHz with the panels as they start up.
 struct NullBench {
   explicit NullBench(const std::string& model) {

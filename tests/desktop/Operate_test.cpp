@@ -4,6 +4,8 @@
 
 #include <QClipboard>
 #include <QElapsedTimer>
+#include <algorithm>
+#include <vector>
 
 #include "desktop/Bench.h"
 
@@ -160,6 +162,30 @@ TEST(Modes, StopEndsAHopInTheMiddleOfItsDelay) {
   EXPECT_LT(time.elapsed(), 10'000);
   EXPECT_THAT(bench.port.latches().size(), ::testing::Ge(3U));
   EXPECT_EQ(bench.text("Label8"), "    Current Hop            ");
+}
+
+TEST(Modes, AHopKeepsItsPace) {
+  Bench bench;
+  bench.startTuned();
+  bench.menu("Hop1(22)");
+  bench.type("VcoText1", "900");
+  bench.type("VcoText2", "925.2");
+  bench.type("HopText", "4");
+  bench.type("DelayText", "100");
+  // The strobes within a load are far shorter than what lies between two loads.
+  std::vector<double> pauses;
+  QElapsedTimer sinceAccess;
+  sinceAccess.start();
+  bench.port.fails = [&](const FakePort::Access&) {
+    const double milliseconds = static_cast<double>(sinceAccess.nsecsElapsed()) / 1e6;
+    if (milliseconds > 60) pauses.push_back(milliseconds);
+    sinceAccess.start();
+    return false;
+  };
+  bench.click("StartHop");
+  ASSERT_GE(pauses.size(), 7U);
+  EXPECT_GE(std::ranges::min(pauses), 99.5);
+  EXPECT_LE(std::ranges::min(pauses), 105) << "the host may be busy with something else in the others";
 }
 
 TEST(Close, PausesOnTheFirstScreenWhileTheMenusWork) {
