@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -80,13 +81,18 @@ TEST(Shifting, OnUsbTheFourLettersGetThePortsStrobeOnTop) {
   }
 }
 
-TEST(Shifting, AWordGoesOutAsItWasWhenAnEventRebuildsItDuringARetry) {
+TEST(Shifting, AWordGoesOutAsItWasButWhereItShouldWhenEventsRunDuringARetry) {
   EngineBench bench;
   bench.host.port.echoFromWrite = 105;  // the first write of the word waits for the port
   bench.pll.FStr = String(24, '1');
-  bench.host.screen.at(10, [&] { bench.pll.FStr = "0"; });
+  bench.host.screen.at(10, [&] {
+    bench.pll.FStr = "0";
+    bench.module.PortAddress = 632;
+  });
   PLLProbe::loadFstr(bench.pll);
   EXPECT_EQ(bench.host.port.latches(), Words{std::string(24, '1')});
+  const auto moved = std::ranges::find(bench.host.port.accesses, 632, &FakePort::Access::address);
+  EXPECT_EQ(bench.host.port.accesses.end() - moved, 24 * 7 + 2 * 2) << "all but the write that was retried";
 }
 
 TEST(Shifting, AWordOnAPortThatFailsIsTriedAndComplainedOfLikeAnyWrite) {
