@@ -85,6 +85,7 @@ TEST(SetPLL, TheSkyGetsTheWordsOfTheLoadBefore) {
     (void)faultOf([&] { bench.load(); });
     EXPECT_EQ(bench.host.port.latches(), second) << prescaler;
     EXPECT_EQ(bench.numbered(), second) << "turned back after a refusal";
+    EXPECT_EQ(bench.host.port.bytes().back(), 0) << "and load enable is low again";
   }
 
   bench.module.PortType = "USB";
