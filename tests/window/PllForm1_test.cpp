@@ -63,6 +63,12 @@ TEST(MainWindow, BecomingActiveAgainResetsLampAndPolarity) {
   EXPECT_EQ(bench.value("Check1"), "0");
   EXPECT_EQ(bench.window.Place.get(), (Twips{0, 0, 900, 900}));
   EXPECT_FALSE(bench.visible("Picture1"));
+
+  bench.set("Check1", "1");
+  bench.click("About1");
+  bench.set("Check1", "0");
+  bench.set("VCOText", "901");
+  EXPECT_EQ(bench.program.module.PolarityNegative, kTrue) << "the window was active before the box changed";
 }
 
 TEST(MainWindow, ExitEndsInTheMiddleOfALoadAndOnlyClosingClosesUsb) {
