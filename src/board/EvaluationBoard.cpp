@@ -5,7 +5,7 @@
 
 namespace tessarine::board {
 
-EvaluationBoard::EvaluationBoard(Bench bench) : bench_(std::move(bench)) { retune(); }
+EvaluationBoard::EvaluationBoard(Bench bench) : bench_(std::move(bench)) { retuneAt(0); }
 
 void EvaluationBoard::drive(Levels next) {
   const std::int64_t time = nextTick();
@@ -51,15 +51,31 @@ void EvaluationBoard::latch(std::int64_t time) {
   if (collecting_) latches_.push_back(word.bits);
 
   const auto target = chip_ ? chip_->map().select(receiver_.shiftRegister()) : std::nullopt;
-  const bool repeats =
-      target && !word.bits.empty() && !chip_->map().repeatsInLoad &&
-      std::ranges::any_of(load_, [&](const LoadedWord& earlier) { return earlier.registerIndex == target; });
-  if (paused_ || repeats) beginLoad();
+  if (paused_ || (target && !word.bits.empty() && comesAgain(*target))) beginLoad();
   if (chip_) word.registerIndex = chip_->latch(receiver_.shiftRegister());
-  if (word.registerIndex) word.word = chip_->word(*word.registerIndex).value_or(0);
+  if (word.registerIndex) {
+    word.word = chip_->word(*word.registerIndex).value_or(0);
+    // Bits that an earlier word left behind without a pulse are no part of this one.
+    const std::size_t width = chip_->map().registers[*word.registerIndex].width;
+    const auto surplus = std::max(word.bitTimes.size(), width) - width;
+    word.bitTimes.erase(word.bitTimes.begin(), word.bitTimes.begin() + static_cast<std::ptrdiff_t>(surplus));
+  }
   if (load_.size() == kLoadWords) load_.erase(load_.begin());
   load_.push_back(std::move(word));
-  retune();
+  retuneAt(time);
+}
+
+// Whether a word for this register begins a new load: it had one in this load, and others came behind it.
+// With a faulty data line all words of a load go to one register.
+bool EvaluationBoard::comesAgain(std::size_t target) const {
+  if (chip_->map().repeatsInLoad) return false;
+  bool had = false;
+  bool others = false;
+  for (const LoadedWord& earlier : load_) {
+    if (earlier.registerIndex == target) had = true;
+    if (earlier.registerIndex && earlier.registerIndex != target) others = true;
+  }
+  return had && others;
 }
 
 void EvaluationBoard::beginLoad() {
@@ -78,7 +94,9 @@ void EvaluationBoard::plug(std::string_view chipName) {
   retune();
 }
 
-void EvaluationBoard::retune() {
+void EvaluationBoard::retune() { retuneAt(now()); }
+
+void EvaluationBoard::retuneAt(std::int64_t time) {
   ++version_;
   if (chip_) {
     tuning_ = chip_->tune(bench_.referenceMHz());
@@ -86,7 +104,7 @@ void EvaluationBoard::retune() {
     tuning_ = {};
     tuning_.faults.emplace_back("no chip");
   }
-  const FrequencyPoint point{lastWrite(), tuning_.outputMHz.value_or(0), tuning_.locked()};
+  const FrequencyPoint point{time, tuning_.outputMHz.value_or(0), tuning_.locked()};
   if (history_.empty() ? point.outputMHz != 0 || point.locked : !point.sameTuning(history_.back()))
     history_.push(point);
 }

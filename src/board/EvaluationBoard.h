@@ -79,7 +79,9 @@ class EvaluationBoard {
   [[nodiscard]] std::int64_t nextTick();
   void step(std::int64_t time, Levels next);
   void latch(std::int64_t time);
+  [[nodiscard]] bool comesAgain(std::size_t target) const;
   void beginLoad();
+  void retuneAt(std::int64_t time);
 
   Bench bench_;
   WireReceiver receiver_;

@@ -65,11 +65,12 @@ TEST(EvaluationBoard, RecordsTheFrequencyOnlyWhenItChanges) {
   BoardBench bench("LMX2325");
   for (int turn = 0; turn < 3; ++turn) bench.load(kSet2325);  // 900 MHz
   bench.load("0001000110000101010");                          // A 21: 900.2 MHz
+  bench.microseconds += 1'000'000;                            // nothing is written when the chip is pulled
   bench.board().plug("LMX2320");
   std::ostringstream csv;
   saveCsv(bench.board().history(), csv);
   EXPECT_EQ(csv.str(),
-            "time_s,output_MHz,locked\n0.030000,900.000000,1\n0.130000,900.200000,1\n0.130000,0.000000,0\n");
+            "time_s,output_MHz,locked\n0.030000,900.000000,1\n0.130000,900.200000,1\n1.140000,0.000000,0\n");
 }
 
 TEST(EvaluationBoard, TheLastLoadIsWhatCameSinceTheLastPause) {
@@ -120,6 +121,25 @@ TEST(EvaluationBoard, ARegisterThatComesAgainBeginsANewLoad) {
   }
   EXPECT_EQ(bench.board().lastLoad().size(), 3U);
   EXPECT_FALSE(bench.board().changedByLastLoad(0, bench.board().chip()->map().registers[0].fields[0]));
+}
+
+TEST(EvaluationBoard, ALoadOverAFaultyWireStaysWhole) {
+  BoardBench bench("ADF4113");
+  const auto loadWith = [&](BoardFault fault) {
+    bench.microseconds += 200'000;
+    bench.port.setFault(fault);
+    bench.load(kSet4113);
+  };
+  const EvaluationBoard& board = bench.board();
+  const Register& r = board.chip()->map().registers[0];
+  loadWith(BoardFault::none);
+  loadWith(BoardFault::stuckData);
+  EXPECT_EQ(board.lastLoad().size(), 3U) << "though all words went to one register";
+  EXPECT_TRUE(board.changedByLastLoad(0, r.fields[0]));
+  loadWith(BoardFault::noLe);
+  loadWith(BoardFault::none);
+  ASSERT_EQ(board.lastLoad().size(), 3U);
+  EXPECT_EQ(board.lastLoad()[0].bitTimes.size(), r.width) << "without the bits that got no pulse";
 }
 
 TEST(EvaluationBoard, AnyNumberOfLoadsStaysBounded) {

@@ -28,7 +28,7 @@ QString faultText(board::BoardFault fault) {
     case board::BoardFault::none:
       return QStringLiteral("none");
     case board::BoardFault::noEcho:
-      return QStringLiteral("port does not echo");
+      return QStringLiteral("parallel port does not echo");
     case board::BoardFault::stuckData:
       return QStringLiteral("stuck data line");
     case board::BoardFault::noLe:

@@ -71,10 +71,16 @@ FrequencyPlot::FrequencyPlot(const board::EvaluationBoard& board) : PlotWidget(k
 
 void FrequencyPlot::refresh() {
   const double first = history().empty() ? 0 : static_cast<double>(history()[0].time);
-  const double last = static_cast<double>(board_.lastWrite());
+  const double last = lastTime();
   span().setLimits(first, last + std::max(kShortestSpan, (last - first) * 0.01));
   update();
   if (onCursor) onCursor();
+}
+
+// Of the last write, or of a fault or another chip behind it.
+double FrequencyPlot::lastTime() const {
+  const std::int64_t change = history().empty() ? 0 : history()[history().size() - 1].time;
+  return static_cast<double>(std::max(board_.lastWrite(), change));
 }
 
 std::size_t FrequencyPlot::countUntil(double time) const {
@@ -190,7 +196,7 @@ void FrequencyPlot::drawCurve(QPainter& painter, const Scale& scale) const {
   const QRectF strip = lockStrip();
   const double pixel = 1 / devicePixelRatioF();
   const double stroke = std::max(1.0, std::round(1.5 / pixel)) * pixel;
-  const double end = std::min(scale.box.right(), xOf(static_cast<double>(board_.lastWrite())) + pixel);
+  const double end = std::min(scale.box.right(), xOf(lastTime()) + pixel);
   std::size_t next = countUntil(span().from());
   std::optional<FrequencyPoint> current;
   if (next > 0) current = history()[next - 1];

@@ -32,6 +32,7 @@ class FrequencyPlot : public PlotWidget {
 
   [[nodiscard]] const board::FrequencyHistory& history() const { return board_.history(); }
   // The place behind the last point at or before that time.
+  [[nodiscard]] double lastTime() const;
   [[nodiscard]] std::size_t countUntil(double time) const;
   [[nodiscard]] Scale scale() const;
   [[nodiscard]] QRectF lockStrip() const;
