@@ -90,8 +90,12 @@ FormWindow& Desktop::windowFor(forms::Form& form) {
 
 void Desktop::messageBox(const std::string& text, Icon icon, const std::string& title) {
   throwIfEnded();
+  // It holds up all windows of the program, and no other: a fault of the virtual board can still be mended.
+  QWidget* owner = dynamic_cast<FormWindow*>(QApplication::activeWindow());
+  if (!owner && forms_) owner = windowOf(*forms_->all().front());
   QMessageBox box(icon == Icon::critical ? QMessageBox::Critical : QMessageBox::NoIcon, toQt(title),
-                  toQt(text), QMessageBox::Ok, QApplication::activeWindow());
+                  toQt(text), QMessageBox::Ok, owner);
+  if (owner) box.setWindowModality(Qt::WindowModal);
   box.setObjectName(QStringLiteral("messageBox"));
   box.setTextFormat(Qt::PlainText);
   if (const std::string more = remark ? remark(text) : std::string(); !more.empty()) {

@@ -19,6 +19,11 @@ namespace {
 
 constexpr int kTextMargin = 3;  // pixels between a field's edge and its text
 
+// A letter with Alt is no text, whether or not a control answers to it.
+bool isAccessKey(const QKeyEvent& event) {
+  return event.modifiers() == Qt::AltModifier && !event.text().isEmpty();
+}
+
 class TextField : public QLineEdit, public ControlWidget {
  public:
   TextField(forms::TextBox& box, QWidget& parent, Hands& hands)
@@ -40,7 +45,11 @@ class TextField : public QLineEdit, public ControlWidget {
  protected:
   void keyPressEvent(QKeyEvent* event) override {
     handedOver_ = false;
-    QLineEdit::keyPressEvent(event);
+    if (isAccessKey(*event)) {
+      event->ignore();
+    } else {
+      QLineEdit::keyPressEvent(event);
+    }
   }
 
   // Each key counts for a box that listens to keys, those that change nothing too.
@@ -104,7 +113,7 @@ class DropDown : public QComboBox, public ControlWidget {
 
   // Enter is the window's: it clicks the default button.
   void keyPressEvent(QKeyEvent* event) override {
-    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter || isAccessKey(*event)) {
       event->ignore();
     } else {
       QComboBox::keyPressEvent(event);
@@ -175,16 +184,37 @@ class TickBox : public ModelSwitch<QCheckBox> {
 class Choice : public ModelSwitch<QRadioButton> {
  public:
   Choice(forms::OptionButton& option, QWidget& parent, Hands& hands)
-      : ModelSwitch(parent, option, hands), option_(option) {
+      : ModelSwitch(parent, option, hands), option_(option), hands_(hands) {
     setAutoExclusive(false);
   }
+  void choose() { hands_.click(option_); }
   void take(Aspect aspect) override {
     if (aspect == Aspect::Caption) setText(literal(option_.Caption));
     if (aspect == Aspect::Value) setChecked(option_.Value);
   }
 
+ protected:
+  // An arrow key that reaches another option of the group chooses it.
+  void keyPressEvent(QKeyEvent* event) override {
+    QRadioButton::keyPressEvent(event);
+    switch (event->key()) {
+      case Qt::Key_Up:
+      case Qt::Key_Down:
+      case Qt::Key_Left:
+      case Qt::Key_Right:
+        if (auto* const next = dynamic_cast<Choice*>(window()->focusWidget());
+            next && next != this && next->parentWidget() == parentWidget()) {
+          next->choose();
+        }
+        break;
+      default:
+        break;
+    }
+  }
+
  private:
   forms::OptionButton& option_;
+  Hands& hands_;
 };
 
 class Button : public QPushButton, public ControlWidget {

@@ -10,6 +10,7 @@
 
 #include "desktop/Fit.h"
 #include "desktop/Names.h"
+#include "desktop/ReadingOrder.h"
 
 namespace tessarine::desktop {
 
@@ -185,6 +186,8 @@ void FormWindow::open() {
     place();
     placed_ = true;
   }
+  // Opened again it begins where it began, not at the button that closed it.
+  if (!isVisible() && focusWidget()) focusWidget()->clearFocus();
   show();
   raise();
   activateWindow();
@@ -310,27 +313,18 @@ std::vector<QWidget*> FormWindow::tabStops() const {
   return stops;
 }
 
-// Row by row, and in a row from the left. What an open panel covers is left out.
+// What an open panel covers is left out.
 void FormWindow::collectStops(const Container& container, std::vector<QWidget*>& stops) const {
-  std::vector<std::pair<const Control*, QWidget*>> shown;
+  std::vector<Placed> shown;
   for (const Control* child : container.children()) {
     QWidget* const widget = widgetOf(*child);
-    if (widget && widget->isVisible() && widget->isEnabled()) shown.emplace_back(child, widget);
+    if (widget && widget->isVisible() && widget->isEnabled()) shown.push_back({child, widget});
   }
-  const auto middle = [](const auto& item) { return item.second->geometry().center().y(); };
-  std::stable_sort(shown.begin(), shown.end(),
-                   [&](const auto& a, const auto& b) { return middle(a) < middle(b); });
-  for (auto row = shown.begin(); row != shown.end();) {
-    const int bottom = row->second->geometry().bottom();
-    const auto end =
-        std::find_if(row + 1, shown.end(), [&](const auto& item) { return middle(item) > bottom; });
-    std::stable_sort(row, end, [](const auto& a, const auto& b) { return a.second->x() < b.second->x(); });
-    for (; row != end; ++row) {
-      if (holdsOthers(*row->first)) {
-        collectStops(static_cast<const Container&>(*row->first), stops);
-      } else if ((row->second->focusPolicy() & Qt::TabFocus) != 0 && isOnTop(*row->second)) {
-        stops.push_back(row->second);
-      }
+  for (const Placed& item : inReadingOrder(std::move(shown))) {
+    if (holdsOthers(*item.control)) {
+      collectStops(static_cast<const Container&>(*item.control), stops);
+    } else if ((item.widget->focusPolicy() & Qt::TabFocus) != 0 && isOnTop(*item.widget)) {
+      stops.push_back(item.widget);
     }
   }
 }

@@ -254,6 +254,8 @@ int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* 
   switch (hint) {
     case SH_Widget_Animation_Duration:
       return 0;  // an idle window costs no processor time
+    case SH_DialogButtonBox_ButtonsHaveIcons:
+      return 0;
     case SH_ComboBox_Popup:
       return 0;  // a list below the field, not a menu over it
     case SH_EtchDisabledText:

@@ -156,6 +156,23 @@ void hop(Bench& bench, const char* hops, const char* delay) {
   bench.click("StartHop");
 }
 
+TEST(Modes, TabGoesDownTheFields) {
+  Bench bench;
+  bench.startTuned();
+  bench.menu("Hop1(22)");
+  ASSERT_TRUE(becomesActive(bench.window()));
+  bench.find("VcoText1")->setFocus();
+  for (const char* const text : {"900", "925.2", "5", "100"}) {
+    QTest::keyClicks(bench.window().focusWidget(), text);
+    QTest::keyClick(bench.window().focusWidget(), Qt::Key_F, Qt::AltModifier);  // no text
+    QTest::keyClick(bench.window().focusWidget(), Qt::Key_Tab);
+  }
+  std::vector<std::string> texts;
+  for (const char* const field : {"VcoText1", "VcoText2", "HopText", "DelayText"})
+    texts.push_back(bench.text(field));
+  EXPECT_THAT(texts, ElementsAre("900", "925.2", "5", "100"));
+}
+
 TEST(Modes, StopEndsAHopInTheMiddleOfItsDelay) {
   Bench bench;
   bench.startTuned();

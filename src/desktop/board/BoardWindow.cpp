@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QScreen>
+#include <QTabBar>
 #include <QVBoxLayout>
 #include <QWindow>
 #include <algorithm>
@@ -66,6 +67,9 @@ BoardWindow::BoardWindow(BoardFeed feed)
   views_.addTab(&wire_, QStringLiteral("&Wire"));
   views_.addTab(&frequency_, QStringLiteral("Fre&quency"));
   column->addWidget(&views_, 1);
+  // Keys that are pressed by mistake must not make the board faulty.
+  views_.tabBar()->setFocusPolicy(Qt::StrongFocus);
+  views_.setFocus();
   status_.setObjectName(QStringLiteral("boardStatus"));
   status_.setTextFormat(Qt::PlainText);
   status_.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);

@@ -33,7 +33,8 @@ QLabel& Card::newLabel(const QString& text) {
 Card::Line Card::addLine(const QString& name, const QString& objectName) {
   QLabel& caption = newLabel(name);
   QLabel& value = newLabel({});
-  caption.setForegroundRole(QPalette::PlaceholderText);
+  captions_.push_back(&caption);
+  mute(caption);
   value.setObjectName(objectName);
   value.setAlignment(Qt::AlignRight | Qt::AlignTop);
   grid_.addWidget(&caption, rows_, 0, Qt::AlignTop);
@@ -47,6 +48,20 @@ QLabel& Card::addText(const QString& objectName) {
   label.setWordWrap(true);
   grid_.addWidget(&label, rows_++, 0, 1, 2);
   return label;
+}
+
+void Card::changeEvent(QEvent* event) {
+  if (event->type() == QEvent::PaletteChange) {
+    for (QLabel* const caption : captions_) mute(*caption);
+  }
+  QWidget::changeEvent(event);
+}
+
+// Not by a role of the desktop's palette, which may lack the one for it.
+void Card::mute(QLabel& caption) {
+  QPalette muted = palette();
+  muted.setColor(QPalette::WindowText, Tones(palette()).muted);
+  caption.setPalette(muted);
 }
 
 void Card::paintEvent(QPaintEvent* /*event*/) {

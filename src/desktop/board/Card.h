@@ -4,6 +4,7 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QWidget>
+#include <vector>
 
 namespace tessarine::desktop {
 
@@ -21,12 +22,15 @@ class Card : public QWidget {
 
  protected:
   void paintEvent(QPaintEvent* event) override;
+  void changeEvent(QEvent* event) override;
 
  private:
+  void mute(QLabel& caption);
   QLabel& newLabel(const QString& text);
 
   QGridLayout grid_;
   int rows_ = 0;
+  std::vector<QLabel*> captions_;
 };
 
 // A label that may be set 60 times a second is laid out anew only when it has to be.
