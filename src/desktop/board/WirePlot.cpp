@@ -119,9 +119,15 @@ QString WirePlot::fieldText(std::int64_t time) const {
   return {};
 }
 
+// Half of the usual distance: events that ran in the midst of a word may have pulled two of its bits apart.
 double WirePlot::halfBit(const std::vector<std::int64_t>& times) const {
   if (times.size() < 2) return kLoneBit;
-  return (time_.place(times.back()) - time_.place(times.front())) / static_cast<double>(times.size() - 1) / 2;
+  std::vector<double> distances;
+  for (std::size_t i = 1; i < times.size(); ++i)
+    distances.push_back(time_.place(times[i]) - time_.place(times[i - 1]));
+  const auto middle = distances.begin() + static_cast<std::ptrdiff_t>(distances.size() / 2);
+  std::ranges::nth_element(distances, middle);
+  return *middle / 2;
 }
 
 std::optional<double> WirePlot::nextChange(double place, int direction) const {
