@@ -27,11 +27,8 @@ std::string_view prescalerCode(Integer PreScalar) {
 }
 
 bool isCurrentSetting(std::string_view code) {
-  return code.size() == 3 && code.find_first_not_of("01") == std::string_view::npos;
+  return code.size() == PLL::kCurrentSet2Width && code.find_first_not_of("01") == std::string_view::npos;
 }
-
-// FAnalogDevice begins at DB2: the current setting 2, DB18 to DB20, stands before its last bit.
-constexpr std::size_t kBitsBeforeCurrentSet2 = 16;
 
 }  // namespace
 
@@ -54,7 +51,7 @@ void PLL::CalcADFWords() {
   const String set2 = usable ? ReverseStr(setting) : PanelCurrentSet2;
   if (fromFile && !set2.empty() && !FAnalogDevice.empty()) {
     FAnalogDevice = joined({
-        FAnalogDevice.substr(0, kBitsBeforeCurrentSet2),
+        FAnalogDevice.substr(0, kCurrentSet2Place),
         set2,
         FAnalogDevice.substr(FAnalogDevice.size() - 1),
     });

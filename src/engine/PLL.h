@@ -6,6 +6,7 @@
 // shifting order bit 0 stands first. Words go out last character first.
 #pragma once
 
+#include <cstddef>
 #include <string_view>
 #include <vector>
 
@@ -18,6 +19,10 @@ struct Module1;
 
 class PLL {
  public:
+  // FAnalogDevice begins at DB2: the current setting 2, DB18 to DB20, stands before its last bit.
+  static constexpr std::size_t kCurrentSet2Place = 16;
+  static constexpr std::size_t kCurrentSet2Width = 3;
+
   explicit PLL(Module1& module);
 
   // Identity and wiring.

@@ -67,7 +67,7 @@ void PllForm1::FracRegister() {
 void PllForm1::takeFunctionLatch() {
   PLL& pll = module_.ThePLL();
   pll.FAnalogDevice = bitRow(Label31, 19);
-  pll.PanelCurrentSet2 = pll.FAnalogDevice.substr(16, 3);
+  pll.PanelCurrentSet2 = pll.FAnalogDevice.substr(PLL::kCurrentSet2Place, PLL::kCurrentSet2Width);
   pll.FuncInit = Label33(1).Caption;
   pll.CPGain = Option3(1).Value ? "1" : "0";
 }
