@@ -9,12 +9,10 @@
 #include <string_view>
 #include <vector>
 
-#include "apps/BoardCable.h"
-#include "apps/BoardTap.h"
-#include "apps/VirtualHost.h"
+#include "apps/BoardLink.h"
+#include "apps/Options.h"
+#include "apps/TraceFile.h"
 #include "board/NumberText.h"
-#include "platform/linux/LeaveOnSignal.h"
-#include "platform/linux/LinuxPlatform.h"
 #include "script/Interpreter.h"
 #include "window/Program.h"
 
@@ -23,49 +21,12 @@ namespace {
 
 using script::Interpreter;
 
-constexpr const char* kUsage =
-    "usage: tessarine-script [--board virtual|hardware] [--trace FILE.vcd] [FILE]\n"
-    "Runs the script FILE, or standard input, on the virtual board or on the host's port or USB interface.\n"
-    "--trace saves what went over the three wires.\n"
-    "Exit status: 0, 1 after a failed expect, 2 for a line that cannot be carried out.\n";
-constexpr int kBadUsage = 2;
-
-struct Options {
-  bool help = false;
-  bool hardware = false;
-  std::string trace;
-  std::string file;  // empty: standard input
-};
-
-// Nothing for arguments that make no sense.
-std::optional<Options> parsed(const std::vector<std::string_view>& arguments) {
-  Options options;
-  for (auto word = arguments.begin(); word != arguments.end(); ++word) {
-    const bool more = word + 1 != arguments.end();
-    if (*word == "--help" || *word == "-h") {
-      options.help = true;
-    } else if (*word == "--board" && more) {
-      ++word;
-      if (*word != "virtual" && *word != "hardware") return {};
-      options.hardware = *word == "hardware";
-    } else if (*word == "--trace" && more && options.trace.empty()) {
-      options.trace = *++word;
-    } else if (*word != "-" && !word->empty() && word->front() == '-') {
-      return {};
-    } else if (options.file.empty() && !word->empty()) {
-      options.file = *word;
-    } else {
-      return {};
-    }
-  }
-  if (options.file == "-") options.file.clear();
-  return options;
-}
-
-int failed(const std::string& what) {
-  std::cerr << "tessarine-script: " << what << '\n';
-  return kBadUsage;
-}
+constexpr ProgramKind kProgram{
+    .name = "tessarine-script",
+    .board = BoardKind::virtualBoard,
+    .hasWindow = false,
+    .does =
+        "Runs the script FILE, or standard input, on a virtual board or on this computer's own ways out."};
 
 struct Script {
   std::istream* text;
@@ -107,77 +68,51 @@ class BoardOnBench : public script::BoardProbe {
   board::VirtualBoard& bench_;
 };
 
-// The file that --trace names.
-class TraceFile {
+// Tells what is in the way of a write, and what helps, once for each reason: the message of a failed write
+// names the address alone.
+class PortAdvice {
  public:
-  // From now on the file gets what goes over the board's wires. False if it cannot be written.
-  [[nodiscard]] bool start(const std::string& path, board::EvaluationBoard& board) {
-    file_.open(path);
-    board.stream(&writer_.emplace(file_));
-    return file_.good();
-  }
-
-  // Closes the file. False if not all of it could be written.
-  [[nodiscard]] bool finish(const board::EvaluationBoard& board) {
-    if (!writer_) return true;
-    writer_->finish(board.now());
-    file_.close();
-    return file_.good();
+  explicit PortAdvice(const BoardLink& link) : link_(link) {}
+  void tell() {
+    const std::string why = link_.whyNotOpen();
+    if (why.empty() || why == told_) return;
+    std::cerr << kProgram.name << ": " << why << std::endl;
+    told_ = why;
   }
 
  private:
-  std::ofstream file_;
-  std::optional<board::VcdWriter> writer_;
+  const BoardLink& link_;
+  std::string told_;
 };
 
-int runOnVirtualBoard(const Script& script, const std::string& tracePath) {
-  script::VirtualTime time;
+int runScript(const Options& options, const Script& script) {
+  TraceFile trace(options.trace, [](const std::string& why) { (void)failed(kProgram, why); });
+  if (!trace.open()) return failed(kProgram, options.trace + " cannot be written");
+  script::VirtualTime virtualTime;
+  script::RealTime realTime;
+  const bool isVirtual = options.board == BoardKind::virtualBoard;
+  script::ScriptTime& time = isVirtual ? static_cast<script::ScriptTime&>(virtualTime) : realTime;
   script::ScriptScreen screen(time, std::cout);
-  BoardCable cable([&time] { return time.now(); });
-  TraceFile trace;
-  VirtualHost host;
-  Platform platform{cable.board(), cable.board(), cable.board(), host, time, screen};
-  Program program(platform);
-  cable.connect(program);
-  BoardOnBench bench(cable.board());
-  if (script.asksForLatches) cable.board().board().collectLatches();
-  if (!tracePath.empty() && !trace.start(tracePath, cable.board().board()))
-    return failed(tracePath + " cannot be written");
-
-  program.start();
-  Interpreter interpreter({program.forms, program.door, screen, &bench, std::cout, std::cerr}, *script.text,
-                          script.name);
-  const int status = interpreter.run();
-  return trace.finish(cable.board().board()) ? status : failed(tracePath + " cannot be written in full");
-}
-
-int runOnHardware(const Script& script, const std::string& tracePath) {
-  LinuxPlatform host;
-  const LeaveOnSignal guard(host);
-  script::RealTime time;
-  script::ScriptScreen screen(time, std::cout);
-  // The message of a failed write names the address alone; what is in the way, and what helps, stands here.
-  screen.afterMessage = [&host, told = std::string()]() mutable {
-    const std::string why = host.whyNotOpen();
-    if (why.empty() || why == told) return;
-    std::cerr << "tessarine-script: " << why << std::endl;
-    told = why;
-  };
-  BoardTap tap(host.with(screen), [&time] { return time.now(); });
-  TraceFile trace;
-  if (!tracePath.empty()) {
-    if (!trace.start(tracePath, tap.board())) return failed(tracePath + " cannot be written");
-    tap.listen();
+  const auto link = linkToBoard(options, screen,
+                                {.microseconds = [&time] { return time.now(); },
+                                 .clock = isVirtual ? &virtualTime : nullptr,
+                                 .bell = {}});
+  screen.afterMessage = [advice = PortAdvice(*link)]() mutable { advice.tell(); };
+  Program program(link->platform());
+  link->connect(program);
+  std::optional<BoardOnBench> bench;
+  if (link->virtualBoard() != nullptr) {
+    bench.emplace(*link->virtualBoard());
+    if (script.asksForLatches) link->board().collectLatches();
   }
+  trace.listen(*link);
 
-  Platform platform = tap.platform();
-  Program program(platform);
-  tap.connect(program);
   program.start();
-  Interpreter interpreter({program.forms, program.door, screen, nullptr, std::cout, std::cerr}, *script.text,
-                          script.name);
+  Interpreter interpreter(
+      {program.forms, program.door, screen, bench ? &*bench : nullptr, std::cout, std::cerr}, *script.text,
+      script.name);
   const int status = interpreter.run();
-  return trace.finish(tap.board()) ? status : failed(tracePath + " cannot be written in full");
+  return trace.finish() ? status : kBadUsage;
 }
 
 // The text of a file; nothing if it cannot be read.
@@ -194,16 +129,15 @@ std::optional<std::string> contents(const std::string& path) {
 int run(const Options& options) {
   Script script{.text = &std::cin, .name = "stdin", .asksForLatches = true};
   std::istringstream file;
-  if (!options.file.empty()) {
-    auto text = contents(options.file);
-    if (!text) return failed(options.file + " cannot be read");
+  if (!options.script.empty()) {
+    auto text = contents(options.script);
+    if (!text) return failed(kProgram, options.script + " cannot be read");
     script = {
-        .text = &file, .name = options.file, .asksForLatches = text->find("latches") != std::string::npos};
+        .text = &file, .name = options.script, .asksForLatches = text->find("latches") != std::string::npos};
     file.str(std::move(*text));
   }
-  const int status =
-      options.hardware ? runOnHardware(script, options.trace) : runOnVirtualBoard(script, options.trace);
-  if (!std::cout.flush()) return failed("standard output cannot be written");
+  const int status = runScript(options, script);
+  if (!std::cout.flush()) return failed(kProgram, "standard output cannot be written");
   return status;
 }
 
@@ -211,19 +145,13 @@ int run(const Options& options) {
 }  // namespace tessarine
 
 int main(int count, char** words) {
+  using namespace tessarine;
   std::ios::sync_with_stdio(false);
-  const auto options = tessarine::parsed({words + 1, words + count});
-  if (!options) {
-    std::cerr << tessarine::kUsage;
-    return tessarine::kBadUsage;
-  }
-  if (options->help) {
-    std::cout << tessarine::kUsage;
-    return 0;
-  }
+  const Options options = readOptions(kProgram, {words, words + count});
+  if (options.done) return *options.done;
   try {
-    return tessarine::run(*options);
+    return run(options);
   } catch (const std::exception& fault) {
-    return tessarine::failed(fault.what());
+    return failed(kProgram, fault.what());
   }
 }

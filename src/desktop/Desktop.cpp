@@ -86,6 +86,17 @@ FormWindow& Desktop::windowFor(forms::Form& form) {
   return *windows_.emplace(&form, std::make_unique<FormWindow>(form, *this, owner)).first->second;
 }
 
+void Desktop::tell(const std::string& text) {
+  if (!forms_ || ended_) return;
+  auto* const note = new QMessageBox(QMessageBox::Warning, QString::fromLatin1(kApplicationTitle), toQt(text),
+                                     QMessageBox::Ok, windowOf(*forms_->all().front()));
+  note->setObjectName(QStringLiteral("note"));
+  note->setAttribute(Qt::WA_DeleteOnClose);
+  note->setTextFormat(Qt::PlainText);
+  note->setModal(false);
+  note->show();
+}
+
 // -------------------------------------------------------------------------------------------------- Screen
 
 void Desktop::messageBox(const std::string& text, Icon icon, const std::string& title) {

@@ -34,6 +34,9 @@ class Desktop : public Screen, public forms::Observer, public Hands {
   // What stands under the text of a message, in smaller letters that can be copied; empty for nothing.
   std::function<std::string(const std::string& text)> remark;
 
+  // A note that holds nothing up, for what goes wrong beside the operator's work.
+  void tell(const std::string& text);
+
   [[nodiscard]] bool hasEnded() const { return ended_; }
   [[nodiscard]] FormWindow* windowOf(const forms::Form& form) const;
 

@@ -5,6 +5,7 @@
 
 #include "platform/Fault.h"
 #include "platform/Platform.h"
+#include "platform/Version.h"
 
 namespace tessarine {
 
@@ -45,6 +46,11 @@ frmAbout::frmAbout(forms::FormList& forms, Module1& module)
 void frmAbout::Form_Load() {
   Caption = std::string("About ") + kApplicationTitle;
   lblTitle.Caption = kApplicationTitle;
+  // The revision line stays as the program's users know it.
+  lblDescription.Caption =
+      std::string("Synthesizer Control, version ") + applicationVersion() +
+      ", for PLL evaluation boards: register words from frequencies, on the wire and proved. F12 opens the "
+      "board's own window.";
 }
 
 void frmAbout::cmdOK_Click() { Unload(); }

@@ -25,7 +25,7 @@ class frmAbout : public forms::Form {
   forms::One<forms::PictureBox> picIcon{*this, "picIcon", "", forms::at(240, 240, 960, 960)};
   forms::One<forms::Label> lblTitle       {*this, "lblTitle", "", forms::at(1440, 240, 4900, 300), forms::heading};
   forms::One<forms::Label> lblVersion     {*this, "lblVersion", "Rev. B1", forms::at(1440, 560, 4900, 280)};
-  forms::One<forms::Label> lblDescription {*this, "lblDescription", "Synthesizer Control for PLL evaluation boards: register words from frequencies, on the wire and proved. F12 opens the board's own window.", forms::at(1440, 960, 4900, 560)};
+  forms::One<forms::Label> lblDescription {*this, "lblDescription", "Synthesizer Control", forms::at(1440, 960, 4900, 720)};
   forms::Array<forms::Line> Line1{"Line1", {
       {0, *this, "", forms::at(240, 1740, 6100, 20)},
       {1, *this, "", forms::at(240, 1760, 6100, 20)},

@@ -46,7 +46,7 @@ while IFS=: read -r file line include; do
   elif [[ $from != desktop && $from != platform/linux && $from != apps ]]; then
     header=${include#*<}
     [[ ${header%%>*} =~ ^[a-z_]+$ ]] || complain "$file:$line: <${header%%>*} is no header of the standard library"
-  elif [[ $from != desktop && $include == *'<Q'* && $file != apps/tessarine.cpp && $file != apps/tessarine-virtual.cpp ]]; then
+  elif [[ $from != desktop && $include == *'<Q'* && $file != apps/WindowMain.cpp ]]; then
     complain "$file:$line: the toolkit has no place in $from"
   fi
 done < <(grep -rnE '^[[:space:]]*#[[:space:]]*include' --include='*.h' --include='*.cpp' .)

@@ -1,10 +1,13 @@
 #!/bin/bash
-# command-line.sh PROGRAM: arguments, standard input, the trace file, and what cannot be read or written.
+# command-line.sh PROGRAM [WINDOW...]: arguments, standard input, the trace file, and what cannot be read or written;
+# then the arguments of the programs with a window, where there is no display.
 set -u
 program=$1
+shift
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
 cd "$work" || exit 1
+shopt -s extglob
 failures=0
 
 # check WHAT STATUS OUT ERR COMMAND...: OUT and ERR are patterns of the shell.
@@ -32,10 +35,21 @@ check 'a dash is standard input' 0 "$word" '' "$program" - <tune.script
 check 'the virtual board by name' 0 "$word" '' "$program" --board virtual tune.script
 check 'a line in a file' 2 '' 'wrong.script:3: there is no control "Nothing"' "$program" wrong.script
 check 'a line of standard input' 2 '' 'stdin:3: there is no control "Nothing"' "$program" <wrong.script
-check 'help' 0 'usage: *' '' "$program" --help
-for arguments in '--board' '--board paper' '--trace' '--frobnicate' 'a.script b.script'; do
-  # shellcheck disable=SC2086 # words on purpose
-  check "usage: $arguments" 2 '' 'usage: *' "$program" $arguments
+check 'a file behind two dashes' 0 "$word" '' "$program" --board=virtual -- tune.script
+usages=('--board' '--board paper' '--trace' '--trace=' '--frobnicate' '-x' '--help=1')
+for each in "$program" "$@"; do
+  check "help of $each" 0 'usage: *' '' "$each" --help
+  check "version of $each" 0 "${each##*/} +([0-9]).+([0-9]).+([0-9])" '' "$each" --version
+  # One of them alone takes a script; the toolkit's options are the others'.
+  if [[ $each == "$program" ]]; then others=('a.script b.script' '-style x'); else others=('a.script' '-style'); fi
+  for arguments in "${usages[@]}" "${others[@]}"; do
+    # shellcheck disable=SC2086 # words on purpose
+    check "usage: $each $arguments" 2 '' $'usage: !(*\n*)' env -u DISPLAY -u WAYLAND_DISPLAY "$each" $arguments
+  done
+done
+for each; do
+  check "the toolkit's options of $each" 0 "${each##*/} *" '' \
+    env -u DISPLAY -u WAYLAND_DISPLAY "$each" -platform none --style=fusion --version
 done
 check 'a file that is not there' 2 '' '*none.script cannot be read' "$program" none.script
 check 'a directory' 2 '' '*. cannot be read' "$program" .

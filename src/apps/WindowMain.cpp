@@ -1,0 +1,67 @@
+#include "apps/WindowMain.h"
+
+#include <QApplication>
+#include <exception>
+#include <string>
+#include <vector>
+
+#include "apps/BoardLink.h"
+#include "apps/SteadyTime.h"
+#include "apps/TraceFile.h"
+#include "desktop/Desktop.h"
+#include "desktop/board/BoardWindow.h"
+#include "window/Program.h"
+
+namespace tessarine {
+namespace {
+
+int run(const ProgramKind& kind, const Options& options, std::vector<char*>& toolkitWords) {
+  desktop::Desktop* screen = nullptr;
+  TraceFile trace(options.trace, [&](const std::string& why) {
+    (void)failed(kind, why);
+    screen->tell(why);
+  });
+  if (!trace.open()) return failed(kind, options.trace + " cannot be written");
+
+  int count = static_cast<int>(toolkitWords.size());
+  toolkitWords.push_back(nullptr);
+  QApplication application(count, toolkitWords.data());
+  desktop::dress(application);
+  desktop::Desktop desktop;
+  screen = &desktop;
+  const auto link = linkToBoard(options, desktop,
+                                {.microseconds = steadyMicroseconds, .bell = [] { QApplication::beep(); }});
+  // The message of a failed write names the address alone.
+  desktop.remark = [&](const std::string& text) {
+    return text.starts_with("Error with Output Port Address ") ? link->whyNotOpen() : std::string();
+  };
+  Program program(link->platform());
+  link->connect(program);
+  trace.listen(*link);
+  desktop::BoardWindow boardWindow({.board = link->board(),
+                                    .virtualBoard = link->virtualBoard(),
+                                    .askedMHz = [&] { return link->askedMHz(); },
+                                    .onFirstShow = [&] { link->listen(); }});
+  const desktop::BoardKey boardKey(boardWindow);
+  desktop.run(program.forms, program.door, [&] {
+    program.start();
+    if (link->virtualBoard() != nullptr) boardWindow.openBeside(desktop.windowOf(program.window));
+  });
+  return trace.finish() ? 0 : kBadUsage;
+}
+
+}  // namespace
+
+int windowMain(const ProgramKind& program, int count, char** words) {
+  std::vector<char*> own(words, words + count);
+  std::vector<char*> toolkits = takeToolkitWords(own);
+  const Options options = readOptions(program, own);
+  if (options.done) return *options.done;
+  try {
+    return run(program, options, toolkits);
+  } catch (const std::exception& fault) {
+    return failed(program, fault.what());
+  }
+}
+
+}  // namespace tessarine

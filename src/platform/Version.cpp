@@ -1,0 +1,7 @@
+#include "platform/Version.h"
+
+namespace tessarine {
+
+const char* applicationVersion() { return TESSARINE_VERSION; }
+
+}  // namespace tessarine
