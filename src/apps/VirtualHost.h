@@ -2,6 +2,8 @@
 // start it confirms at once, and that has no registry and one drive.
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 

@@ -1,5 +1,7 @@
 // Runs a script on the program: on the virtual board, where waits take no time, or on the host's own
 // hardware.
+#include <cstddef>
+#include <exception>
 #include <fstream>
 #include <iostream>
 #include <iterator>
@@ -7,6 +9,7 @@
 #include <sstream>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "apps/BoardLink.h"

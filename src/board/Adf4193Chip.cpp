@@ -1,5 +1,7 @@
 // ADF4193: three control bits at the low end. One of its addresses holds three timers, told apart by two more
 // bits, and the chip is up only after its power-up sequence, the one place that loads R7.
+#include <string_view>
+
 #include "board/ChipMaps.h"
 #include "board/FractionalN.h"
 

@@ -1,6 +1,7 @@
 #include "board/Chip.h"
 
 #include <charconv>
+#include <cstddef>
 #include <stdexcept>
 
 #include "board/NumberText.h"

@@ -1,6 +1,7 @@
 // A chip on the board: the registers that it latched since power-on, and what they make of its loop.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <string>

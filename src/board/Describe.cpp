@@ -1,6 +1,9 @@
 #include "board/Describe.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
 
 #include "board/NumberText.h"
 

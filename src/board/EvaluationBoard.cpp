@@ -1,6 +1,7 @@
 #include "board/EvaluationBoard.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <utility>
 
 namespace tessarine::board {

@@ -1,5 +1,7 @@
 // ADF4251, ADF4252, ADF4153, ADF4156: words of different lengths in one 24-bit shift register, told apart by
 // the control bits at the low end.
+#include <string_view>
+
 #include "board/ChipMaps.h"
 #include "board/FractionalN.h"
 

@@ -1,5 +1,7 @@
 #include "board/FractionalN.h"
 
+#include <string>
+
 #include "board/NumberText.h"
 
 namespace tessarine::board {

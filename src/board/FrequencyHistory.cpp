@@ -1,5 +1,6 @@
 #include "board/FrequencyHistory.h"
 
+#include <cstddef>
 #include <ostream>
 
 #include "board/NumberText.h"

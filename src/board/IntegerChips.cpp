@@ -1,5 +1,9 @@
 // The dual-modulus integer-N chips: output = detector x (P x B + A), detector = reference / R.
 #include <array>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
 
 #include "board/Chip.h"
 #include "board/ChipMaps.h"

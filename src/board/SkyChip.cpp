@@ -1,5 +1,8 @@
 // SKY72300-362: sixteen bits, a four-bit address first. The divider holds the ratio less 32, the fraction of
 // it is an 18-bit two's complement, its upper ten bits in R1 and its lower eight in R2.
+#include <cstdint>
+#include <string_view>
+
 #include "board/Chip.h"
 #include "board/ChipMaps.h"
 

@@ -1,6 +1,8 @@
 // The UMC module: 32-bit words of a register code, a power of ten and a 24-bit mantissa, in Hz. It works out
 // its own dividers: the output is the start frequency plus channel times step.
 #include <cmath>
+#include <cstdint>
+#include <string_view>
 
 #include "board/Chip.h"
 #include "board/ChipMaps.h"

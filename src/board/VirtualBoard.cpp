@@ -1,6 +1,7 @@
 #include "board/VirtualBoard.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <utility>
 
 #include "board/Describe.h"

@@ -1,6 +1,8 @@
 // An evaluation board where there is none: it stands behind the parallel port and behind the USB interface.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <optional>

@@ -1,5 +1,6 @@
 #include "board/WireReceiver.h"
 
+#include <cstddef>
 #include <utility>
 
 namespace tessarine::board {

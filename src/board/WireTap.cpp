@@ -1,5 +1,7 @@
 #include "board/WireTap.h"
 
+#include <cstdint>
+#include <string_view>
 #include <utility>
 
 namespace tessarine::board {

@@ -1,7 +1,9 @@
 // Stands between the program and the real ways out, and shows a board what really went out.
 #pragma once
 
+#include <cstdint>
 #include <functional>
+#include <string_view>
 
 #include "board/Cable.h"
 #include "board/EvaluationBoard.h"

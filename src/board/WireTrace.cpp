@@ -1,6 +1,7 @@
 #include "board/WireTrace.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <ostream>
 #include <string>
 

@@ -1,6 +1,7 @@
 // The history of the three wires, and its file form for logic-analyser programs.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <iosfwd>
 

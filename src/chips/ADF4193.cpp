@@ -2,6 +2,10 @@
 //
 // Two ways lead to the words: without a setup file detector frequency and modulus follow from the panel; with
 // one they come from the file, together with prescaler, timers and a phase per FRAC.
+#include <cstddef>
+#include <string>
+#include <string_view>
+
 #include "chips/Words.h"
 #include "engine/BitStrings.h"
 #include "engine/EngineView.h"

@@ -2,6 +2,10 @@
 //
 // The detector frequency is a Single: it is rounded once, and every later step works with that value widened.
 // FRAC is rounded half up and may come out equal to MOD; nothing is carried into INT.
+#include <exception>
+#include <initializer_list>
+#include <string_view>
+
 #include "chips/Words.h"
 #include "engine/BitStrings.h"
 #include "engine/EngineView.h"

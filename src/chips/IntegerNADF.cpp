@@ -1,4 +1,6 @@
 // The words of the ADF4110 to ADF4113: 24 bits, DB0 first, two control bits at the low end.
+#include <string_view>
+
 #include "chips/Words.h"
 #include "engine/BitStrings.h"
 #include "engine/Module1.h"

@@ -1,6 +1,7 @@
 // The words of the LMX2315, LMX2320 and LMX2325: 19 bits, DB0 first, one control bit at the low end. They
 // have no function word.
 #include <algorithm>
+#include <string_view>
 
 #include "chips/Words.h"
 #include "engine/BitStrings.h"

@@ -1,5 +1,8 @@
 // The one serial word of the PE3342, folded from fields that stand ready.
 #include <array>
+#include <cstddef>
+#include <string>
+#include <string_view>
 
 #include "chips/Words.h"
 #include "engine/PLL.h"

@@ -2,6 +2,8 @@
 //
 // The chip divides by N + 32 + F / 2^18 with F in two's complement: the ratio is rounded to the nearest whole
 // number, and F is what remains, on either side.
+#include <string_view>
+
 #include "chips/Words.h"
 #include "engine/BitStrings.h"
 #include "engine/EngineView.h"

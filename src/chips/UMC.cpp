@@ -3,6 +3,8 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
+#include <string_view>
 
 #include "chips/Words.h"
 #include "engine/BitStrings.h"

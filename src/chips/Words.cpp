@@ -1,6 +1,7 @@
 #include "chips/Words.h"
 
 #include <cmath>
+#include <cstddef>
 
 #include "engine/Numbers.h"
 #include "engine/Rounding.h"

@@ -1,5 +1,7 @@
 #include "desktop/ControlWidget.h"
 
+#include <string>
+
 #include "forms/FileControls.h"
 
 namespace tessarine::desktop {

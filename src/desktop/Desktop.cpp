@@ -4,6 +4,7 @@
 #include <QMessageBox>
 #include <QTimer>
 #include <cmath>
+#include <string>
 
 #include "desktop/Icon.h"
 #include "desktop/Signals.h"

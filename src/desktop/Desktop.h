@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <functional>
 #include <memory>
+#include <string>
 #include <unordered_map>
 
 #include "desktop/ControlWidget.h"

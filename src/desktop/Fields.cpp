@@ -8,6 +8,8 @@
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QWheelEvent>
+#include <memory>
+#include <string>
 
 #include "desktop/ControlWidget.h"
 

@@ -3,6 +3,8 @@
 #include <QFontMetrics>
 #include <QString>
 #include <QStringList>
+#include <algorithm>
+#include <string>
 
 #include "desktop/Fonts.h"
 #include "forms/Controls.h"

@@ -7,6 +7,9 @@
 #include <QScreen>
 #include <QTimer>
 #include <algorithm>
+#include <cstddef>
+#include <string>
+#include <utility>
 
 #include "desktop/Fit.h"
 #include "desktop/Names.h"

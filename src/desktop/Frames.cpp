@@ -2,6 +2,7 @@
 
 #include <QPainter>
 #include <algorithm>
+#include <memory>
 
 #include "desktop/ControlWidget.h"
 #include "desktop/Fonts.h"

@@ -7,6 +7,9 @@
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QStyledItemDelegate>
+#include <algorithm>
+#include <cstddef>
+#include <memory>
 #include <utility>
 
 #include "desktop/ControlWidget.h"

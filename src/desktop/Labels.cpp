@@ -4,6 +4,10 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <cmath>
+#include <cstdint>
+#include <memory>
+#include <utility>
+#include <vector>
 
 #include "desktop/ControlWidget.h"
 #include "desktop/Fit.h"

@@ -1,6 +1,7 @@
 #include "desktop/Menus.h"
 
 #include <QKeySequence>
+#include <utility>
 
 namespace tessarine::desktop {
 

@@ -1,5 +1,6 @@
 #include "desktop/Names.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <limits>
 

@@ -6,6 +6,7 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
+#include <utility>
 
 namespace tessarine::desktop {
 

@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QPainterPath>
 #include <QStyleOption>
+#include <algorithm>
 #include <cmath>
 
 namespace tessarine::desktop {

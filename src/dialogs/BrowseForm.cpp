@@ -1,6 +1,9 @@
 #include "dialogs/BrowseForm.h"
 
+#include <exception>
 #include <filesystem>
+#include <string>
+#include <system_error>
 
 #include "platform/Fault.h"
 #include "platform/Platform.h"

@@ -1,7 +1,10 @@
 #include "dialogs/frmAbout.h"
 
 #include <charconv>
+#include <cstdint>
+#include <exception>
 #include <filesystem>
+#include <string>
 
 #include "platform/Fault.h"
 #include "platform/Platform.h"

@@ -1,6 +1,9 @@
 // The About box: names the program and starts the host's system information tool.
 #pragma once
 
+#include <cstdint>
+#include <string>
+
 #include "engine/Module1.h"
 #include "forms/Build.h"
 #include "forms/Form.h"

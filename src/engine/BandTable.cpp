@@ -1,5 +1,7 @@
 #include "engine/BandTable.h"
 
+#include <cstddef>
+
 #include "engine/BitStrings.h"
 
 namespace tessarine {

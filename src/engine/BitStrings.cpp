@@ -1,5 +1,6 @@
 #include "engine/BitStrings.h"
 
+#include <cstddef>
 #include <cstdint>
 
 #include "engine/Numbers.h"

@@ -1,5 +1,7 @@
 // From frequencies to counter values, and on to the words of the chip in use.
 #include <cmath>
+#include <string>
+#include <string_view>
 
 #include "engine/Models.h"
 #include "engine/Module1.h"

@@ -4,6 +4,9 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
+#include <cstdlib>
+#include <iterator>
 #include <limits>
 #include <system_error>
 

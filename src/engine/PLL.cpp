@@ -1,6 +1,7 @@
 #include "engine/PLL.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <limits>
 
 #include "engine/BitStrings.h"

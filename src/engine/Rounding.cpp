@@ -1,6 +1,7 @@
 #include "engine/Rounding.h"
 
 #include <cmath>
+#include <cstdint>
 #include <limits>
 #include <string>
 

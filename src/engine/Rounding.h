@@ -1,6 +1,7 @@
 // Every rounding of the program by its name. Dividers depend on which one applies.
 #pragma once
 
+#include <cstdint>
 #include <string_view>
 
 #include "engine/Types.h"

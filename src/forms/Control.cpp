@@ -1,6 +1,8 @@
 #include "forms/Control.h"
 
 #include <algorithm>
+#include <string_view>
+#include <utility>
 
 #include "forms/Form.h"
 

@@ -1,6 +1,8 @@
 #include "forms/Controls.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <utility>
 
 namespace tessarine::forms {
 

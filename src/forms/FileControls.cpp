@@ -1,7 +1,11 @@
 #include "forms/FileControls.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <filesystem>
+#include <string_view>
+#include <system_error>
+#include <utility>
 
 namespace tessarine::forms {
 

@@ -1,6 +1,9 @@
 #include "forms/Form.h"
 
 #include <algorithm>
+#include <cstddef>
+#include <string_view>
+#include <utility>
 
 namespace tessarine::forms {
 

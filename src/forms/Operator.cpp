@@ -1,5 +1,6 @@
 #include "forms/Operator.h"
 
+#include <cstddef>
 #include <exception>
 
 #include "forms/FileControls.h"

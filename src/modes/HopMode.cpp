@@ -1,4 +1,7 @@
 // Hop mode: back and forth between two frequencies. Every send is a complete load.
+#include <exception>
+#include <string>
+
 #include "engine/BitStrings.h"
 #include "engine/Numbers.h"
 #include "engine/PLL.h"

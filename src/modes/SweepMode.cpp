@@ -1,5 +1,7 @@
 // Sweep mode: from a start to a stop frequency in equal steps, by itself or one step a button press. Every
 // step is a complete load.
+#include <exception>
+
 #include "engine/Numbers.h"
 #include "engine/PLL.h"
 #include "platform/Fault.h"

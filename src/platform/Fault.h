@@ -1,6 +1,7 @@
 // What cannot be done, told to the operator in one sentence.
 #pragma once
 
+#include <exception>
 #include <stdexcept>
 #include <string>
 

@@ -1,7 +1,9 @@
 #include "script/Interpreter.h"
 
+#include <initializer_list>
 #include <stdexcept>
 #include <utility>
+#include <vector>
 
 #include "platform/Fault.h"
 

@@ -7,6 +7,7 @@
 #include <map>
 #include <optional>
 #include <ostream>
+#include <string>
 
 #include "platform/Platform.h"
 #include "script/ScriptTime.h"

@@ -1,5 +1,6 @@
 #include "setup/BandSetupFile.h"
 
+#include <cstddef>
 #include <limits>
 #include <string>
 

@@ -1,6 +1,7 @@
 #include "setup/FracSetupFile.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <limits>
 #include <string>
 #include <utility>

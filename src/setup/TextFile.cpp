@@ -1,6 +1,7 @@
 #include "setup/TextFile.h"
 
 #include <cerrno>
+#include <cstddef>
 #include <filesystem>
 #include <fstream>
 #include <system_error>

@@ -2,6 +2,10 @@
 
 #include <array>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
 
 #include "engine/Numbers.h"
 #include "engine/PLL.h"

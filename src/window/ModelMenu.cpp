@@ -1,7 +1,9 @@
 // The model menu: the switch that turns the one window into the front panel of one chip. It computes and
 // sends nothing.
 #include <array>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "window/Models.h"
 #include "window/PllForm1.h"

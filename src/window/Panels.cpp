@@ -1,5 +1,7 @@
 // The advanced panels: opening and closing them, and the bits and choices on them. Nothing here computes or
 // sends.
+#include <string>
+
 #include "engine/Numbers.h"
 #include "engine/PLL.h"
 #include "platform/Platform.h"

@@ -1,6 +1,8 @@
 // Copies all panels, whatever the model, into the engine just before a command computes, and reads both setup
 // files anew.
 #include <algorithm>
+#include <string>
+#include <string_view>
 #include <utility>
 
 #include "engine/BitStrings.h"

@@ -1,5 +1,7 @@
 #include "window/PllForm1.h"
 
+#include <cstdint>
+
 #include "platform/Fault.h"
 #include "platform/Platform.h"
 #include "transport/PortAccess.h"

@@ -6,6 +6,9 @@
 // (the way out) and modes/ (the commands).
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "dialogs/BrowseForm.h"
 #include "dialogs/frmAbout.h"
 #include "engine/EngineView.h"

@@ -2,6 +2,8 @@
 
 #include <benchmark/benchmark.h>
 
+#include <cstdint>
+
 // Apart from the benchmarks, so that no call can be folded into the loop that makes it.
 namespace tessarine {
 

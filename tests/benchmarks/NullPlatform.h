@@ -2,6 +2,7 @@
 // wait.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 #include "engine/PLL.h"

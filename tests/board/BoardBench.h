@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <sstream>
+#include <string>
 #include <string_view>
 
 #include "board/VirtualBoard.h"

@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <optional>
+#include <string>
+
 #include "board/BoardBench.h"
 
 namespace tessarine::board {

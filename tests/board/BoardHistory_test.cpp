@@ -1,7 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <bitset>
+#include <cstdint>
 #include <sstream>
+#include <string>
+#include <utility>
 
 #include "board/BoardBench.h"
 

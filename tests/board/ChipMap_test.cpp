@@ -3,8 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <cstdint>
 #include <set>
 #include <string>
+#include <string_view>
 
 #include "board/Chip.h"
 

@@ -1,6 +1,11 @@
 #include <gtest/gtest.h>
 
 #include <bitset>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
 
 #include "board/BoardBench.h"
 #include "board/NumberText.h"

@@ -1,6 +1,9 @@
 // The words in order on the wire stand in modes/FractionalCommands_test.cpp.
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <vector>
+
 #include "support/ChipBench.h"
 
 namespace tessarine {

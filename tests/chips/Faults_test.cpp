@@ -1,6 +1,11 @@
 // What a calculation refuses, by the chip.
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <string>
+#include <tuple>
+#include <vector>
+
 #include "support/ChipBench.h"
 #include "support/FaultOf.h"
 

@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <numeric>
+#include <string>
+#include <utility>
 
 #include "support/ChipBench.h"
 

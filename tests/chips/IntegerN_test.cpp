@@ -1,6 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <map>
+#include <string>
+#include <vector>
 
 #include "support/ChipBench.h"
 

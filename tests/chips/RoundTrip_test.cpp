@@ -7,7 +7,11 @@
 #include <algorithm>
 #include <bitset>
 #include <cmath>
+#include <cstdint>
+#include <initializer_list>
+#include <ostream>
 #include <random>
+#include <string>
 
 #include "board/VirtualBoard.h"
 #include "engine/Module1.h"

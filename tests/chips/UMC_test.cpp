@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <utility>
+
 #include "support/ChipBench.h"
 #include "support/FaultOf.h"
 

@@ -8,6 +8,8 @@
 #include <QTimer>
 #include <chrono>
 #include <cmath>
+#include <stdexcept>
+#include <utility>
 
 namespace tessarine::desktop {
 

@@ -5,6 +5,7 @@
 #include <QTest>
 #include <QWidget>
 #include <functional>
+#include <stdexcept>
 #include <string>
 
 #include "desktop/Desktop.h"

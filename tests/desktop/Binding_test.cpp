@@ -8,6 +8,9 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "desktop/Bench.h"
 #include "desktop/EventCounter.h"

@@ -8,7 +8,9 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
+#include <initializer_list>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <utility>
 

@@ -1,6 +1,10 @@
 // What the plots of the board's window count on.
 #include <gtest/gtest.h>
 
+#include <cstdint>
+#include <utility>
+#include <vector>
+
 #include "desktop/board/FoldedTime.h"
 #include "desktop/board/PlotWidget.h"
 #include "desktop/board/Span.h"

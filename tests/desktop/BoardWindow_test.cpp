@@ -12,11 +12,16 @@
 #include <QTest>
 #include <QTreeWidget>
 #include <QWheelEvent>
+#include <cstddef>
+#include <cstdint>
 #include <fstream>
 #include <set>
+#include <stdexcept>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "desktop/Bench.h"
 #include "desktop/BoardDesk.h"
 #include "desktop/EventCounter.h"
 #include "desktop/Style.h"

@@ -5,6 +5,9 @@
 #include <QApplication>
 #include <QComboBox>
 #include <set>
+#include <string>
+#include <utility>
+#include <vector>
 
 #include "desktop/Bench.h"
 #include "desktop/Fonts.h"

@@ -5,6 +5,8 @@
 #include <QClipboard>
 #include <QElapsedTimer>
 #include <algorithm>
+#include <string>
+#include <utility>
 #include <vector>
 
 #include "desktop/Bench.h"

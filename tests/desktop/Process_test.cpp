@@ -9,6 +9,8 @@
 #include <QScreen>
 #include <QTest>
 #include <fstream>
+#include <iostream>
+#include <iterator>
 #include <sstream>
 #include <string>
 

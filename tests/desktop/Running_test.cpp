@@ -5,7 +5,10 @@
 #include <QElapsedTimer>
 #include <QMessageBox>
 #include <QTimer>
+#include <algorithm>
 #include <ctime>
+#include <functional>
+#include <string>
 
 #include "desktop/Bench.h"
 #include "desktop/EventCounter.h"

@@ -3,6 +3,7 @@
 //
 //   tessarine-screenshots DIRECTORY [POINTSIZE]
 #include <QPixmap>
+#include <string>
 
 #include "desktop/Bench.h"
 #include "desktop/Style.h"

@@ -2,6 +2,8 @@
 
 #include <filesystem>
 #include <fstream>
+#include <functional>
+#include <string>
 
 #include "support/ProgramBench.h"
 

@@ -1,3 +1,7 @@
+#include <map>
+#include <string>
+#include <vector>
+
 #include "support/ProgramBench.h"
 
 namespace tessarine {

@@ -1,5 +1,9 @@
 #include <gtest/gtest.h>
 
+#include <cstddef>
+#include <stdexcept>
+#include <vector>
+
 #include "support/ChipBench.h"
 #include "support/FaultOf.h"
 

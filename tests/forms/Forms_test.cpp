@@ -1,3 +1,6 @@
+#include <stdexcept>
+#include <string>
+
 #include "forms/Build.h"
 #include "forms/Operator.h"
 #include "support/ProgramBench.h"

@@ -1,3 +1,7 @@
+#include <cstddef>
+#include <cstdint>
+#include <cstdlib>
+#include <string_view>
 #include <tuple>
 
 #include "SetupRun.h"

@@ -1,6 +1,7 @@
 #include "linux/FakeKernel.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <cstdio>
 #include <fstream>
 #include <iterator>

@@ -6,7 +6,9 @@
 #include <sys/ioctl.h>
 
 #include <cerrno>
+#include <cstdint>
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <utility>

@@ -3,7 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <cerrno>
+#include <cstddef>
+#include <cstdint>
+#include <string>
 #include <thread>
+#include <utility>
 
 #include "linux/FakeKernel.h"
 #include "platform/linux/LinuxPlatform.h"

@@ -4,8 +4,15 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdint>
 #include <functional>
+#include <memory>
 #include <random>
+#include <span>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 #include "board/Cable.h"
 #include "board/WireReceiver.h"

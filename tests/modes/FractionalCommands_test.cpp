@@ -1,5 +1,8 @@
 // The fractional chips and the ADF4193 as the operator works them: type, click, read the captions, read the
 // wire.
+#include <string>
+#include <vector>
+
 #include "support/ProgramBench.h"
 
 namespace tessarine {

@@ -1,3 +1,6 @@
+#include <cstdint>
+#include <string>
+
 #include "support/ProgramBench.h"
 
 namespace tessarine {

@@ -1,3 +1,5 @@
+#include <cstddef>
+
 #include "support/ProgramBench.h"
 
 namespace tessarine {

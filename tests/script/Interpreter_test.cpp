@@ -5,6 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <sstream>
+#include <stdexcept>
+#include <string>
+#include <utility>
 
 #include "engine/Module1.h"
 #include "forms/Build.h"

@@ -2,7 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "support/EngineBench.h"
 #include "support/FaultOf.h"

@@ -1,6 +1,9 @@
 // The private steps and tables of the engine, for tests and benchmarks of one step.
 #pragma once
 
+#include <string_view>
+#include <vector>
+
 #include "engine/PLL.h"
 
 namespace tessarine {

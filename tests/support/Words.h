@@ -2,6 +2,7 @@
 #pragma once
 
 #include <bitset>
+#include <cstddef>
 #include <cstdint>
 #include <sstream>
 #include <string>

@@ -7,6 +7,7 @@
 
 #include <chrono>
 #include <cstdio>
+#include <ratio>
 #include <string_view>
 
 namespace {

@@ -1,5 +1,12 @@
 #include "transport/WayOut.h"
 
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "support/ProgramBench.h"
 
 namespace tessarine {

@@ -1,4 +1,8 @@
+#include <cstddef>
+#include <string>
+#include <tuple>
 #include <variant>
+#include <vector>
 
 #include "support/ProgramBench.h"
 

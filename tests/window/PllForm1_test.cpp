@@ -1,3 +1,7 @@
+#include <string>
+#include <utility>
+#include <vector>
+
 #include "support/ProgramBench.h"
 
 namespace tessarine {

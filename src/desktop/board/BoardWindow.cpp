@@ -9,6 +9,7 @@
 #include <QVBoxLayout>
 #include <QWindow>
 #include <algorithm>
+#include <cstddef>
 #include <utility>
 
 #include "desktop/board/Texts.h"

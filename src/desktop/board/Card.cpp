@@ -1,5 +1,6 @@
 #include "desktop/board/Card.h"
 
+#include <QEvent>
 #include <QPainter>
 #include <memory>
 

@@ -2,6 +2,9 @@
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
+#include <optional>
+#include <string>
+#include <vector>
 
 #include "desktop/board/Signs.h"
 #include "desktop/board/Texts.h"

@@ -1,6 +1,8 @@
 // What the chip makes of its registers: frequencies, dividers and lock.
 #pragma once
 
+#include <optional>
+
 #include "desktop/board/BoardView.h"
 #include "desktop/board/Card.h"
 #include "desktop/board/LoopDiagram.h"

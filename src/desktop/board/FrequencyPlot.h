@@ -1,6 +1,9 @@
 // The output frequency over time, with the lock state in its colour and in a strip below.
 #pragma once
 
+#include <cstddef>
+#include <optional>
+
 #include "board/EvaluationBoard.h"
 #include "desktop/board/PlotWidget.h"
 

@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QPixmap>
 #include <QVBoxLayout>
+#include <optional>
 #include <sstream>
 
 namespace tessarine::desktop {

@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QPushButton>
+#include <optional>
 
 #include "desktop/board/BoardView.h"
 #include "desktop/board/FrequencyPlot.h"

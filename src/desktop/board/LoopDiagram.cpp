@@ -2,6 +2,8 @@
 
 #include <QPainter>
 #include <cmath>
+#include <optional>
+#include <string_view>
 
 #include "desktop/Style.h"
 #include "desktop/board/Signs.h"

@@ -6,7 +6,10 @@
 #include <QVBoxLayout>
 #include <algorithm>
 #include <bit>
+#include <cstddef>
+#include <functional>
 #include <memory>
+#include <utility>
 
 #include "desktop/Style.h"
 #include "desktop/board/Texts.h"

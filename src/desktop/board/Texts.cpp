@@ -1,6 +1,8 @@
 #include "desktop/board/Texts.h"
 
 #include <cmath>
+#include <cstddef>
+#include <cstdlib>
 
 #include "board/NumberText.h"
 

@@ -3,7 +3,12 @@
 #include <QPainter>
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
+#include <initializer_list>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "board/LoadedWord.h"
 #include "desktop/Style.h"

@@ -1,6 +1,8 @@
 // The waveforms of the three wires during the last load, with the words they carried.
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <vector>
 
 #include "desktop/board/FoldedTime.h"

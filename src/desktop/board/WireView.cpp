@@ -2,6 +2,7 @@
 
 #include <QHBoxLayout>
 #include <QVBoxLayout>
+#include <optional>
 #include <sstream>
 
 namespace tessarine::desktop {

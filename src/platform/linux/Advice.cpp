@@ -1,6 +1,8 @@
 #include "platform/linux/Advice.h"
 
 #include <charconv>
+#include <cstddef>
+#include <initializer_list>
 
 namespace tessarine::advice {
 namespace {

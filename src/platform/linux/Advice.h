@@ -2,6 +2,7 @@
 // forbidden by the kernel, and the line to type. docs/hardware.md lists them for looking up.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>

@@ -1,5 +1,7 @@
 #include "platform/linux/BitBang.h"
 
+#include <cstddef>
+
 namespace tessarine {
 
 std::vector<std::uint8_t> shiftedWord(const ShiftPins& pins, std::string_view word) {

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <csignal>
 #include <ctime>
+#include <utility>
 
 #include "platform/Fault.h"
 #include "platform/linux/Kernel.h"

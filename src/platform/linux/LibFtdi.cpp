@@ -1,5 +1,10 @@
 #include <ftdi.h>
 
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+
 #include "platform/Fault.h"
 #include "platform/linux/Advice.h"
 #include "platform/linux/FtdiChannel.h"

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <ctime>
+#include <utility>
 
 namespace tessarine {
 namespace {

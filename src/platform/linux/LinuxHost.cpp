@@ -2,10 +2,14 @@
 
 #include <algorithm>
 #include <array>
+#include <cstddef>
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <optional>
 #include <sstream>
+#include <system_error>
 
 #include "platform/Fault.h"
 #include "platform/linux/Detached.h"

@@ -3,6 +3,8 @@
 #include <sys/prctl.h>
 
 #include <chrono>
+#include <mutex>
+#include <utility>
 
 namespace tessarine {
 

@@ -1,6 +1,10 @@
 #include "platform/linux/LinuxPorts.h"
 
 #include <cerrno>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
 
 #include "platform/Fault.h"
 #include "platform/linux/Advice.h"

@@ -1,6 +1,9 @@
 // The two ways to a parallel port on this host.
 #pragma once
 
+#include <cstdint>
+#include <string>
+
 #include "platform/Platform.h"
 #include "platform/linux/PortTable.h"
 

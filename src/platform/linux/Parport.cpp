@@ -1,6 +1,8 @@
 #include "platform/linux/Parport.h"
 
 #include <charconv>
+#include <system_error>
+#include <utility>
 
 namespace tessarine {
 namespace {

@@ -1,6 +1,9 @@
 #include "platform/linux/PortTable.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <exception>
+#include <mutex>
 
 #include "platform/Fault.h"
 #include "platform/linux/Advice.h"

@@ -1,10 +1,12 @@
 // The ports opened so far, found by I/O address. A port is opened by the first byte for it and stays open.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/linux/Kernel.h"

@@ -6,6 +6,8 @@
 #include <sys/ioctl.h>
 
 #include <cerrno>
+#include <cstdint>
+#include <string>
 
 #include "platform/Fault.h"
 #include "platform/linux/Advice.h"

@@ -1,7 +1,9 @@
 // A parallel port through the kernel's driver for programs, ppdev.
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <utility>
 
 #include "platform/linux/Kernel.h"
 #include "platform/linux/OpenPort.h"

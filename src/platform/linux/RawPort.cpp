@@ -4,6 +4,8 @@
 
 #include <cerrno>
 #include <charconv>
+#include <cstddef>
+#include <cstdint>
 #include <sstream>
 #include <string>
 

@@ -1,6 +1,7 @@
 // A parallel port through its I/O addresses: /dev/port, else the port instructions.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 
 #include "platform/linux/Kernel.h"

@@ -4,7 +4,13 @@
 
 #include <array>
 #include <cerrno>
+#include <cstddef>
+#include <cstdint>
+#include <mutex>
 #include <optional>
+#include <span>
+#include <string_view>
+#include <utility>
 
 #include "platform/Fault.h"
 #include "platform/linux/Advice.h"

@@ -2,8 +2,11 @@
 // A, all inputs; pin n is bit n.
 #pragma once
 
+#include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
+#include <string_view>
 
 #include "platform/Platform.h"
 #include "platform/linux/FtdiChannel.h"
