@@ -4,6 +4,8 @@
 #include <QMessageBox>
 #include <QTimer>
 #include <cmath>
+#include <cstdlib>
+#include <iostream>
 #include <string>
 
 #include "desktop/Icon.h"
@@ -27,9 +29,20 @@ class Modal {
   forms::FormList& forms_;
 };
 
+void endOnFatal(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
+  if (type != QtFatalMsg) return;  // the reasons on the way there stand in the last message as well
+  constexpr int kUnavailable = 69;
+  std::cerr << "No window can be opened: " << text.section(QLatin1Char('\n'), 0, 0).toStdString()
+            << "\nIs there a display at DISPLAY or WAYLAND_DISPLAY?" << std::endl;
+  std::_Exit(kUnavailable);
+}
+
 }  // namespace
 
+void endWithoutDisplay() { qInstallMessageHandler(endOnFatal); }
+
 void dress(QApplication& application) {
+  qInstallMessageHandler(nullptr);
   application.setApplicationName(QString::fromLatin1(kApplicationTitle));
   application.setDesktopFileName(QStringLiteral("tessarine"));
   application.setQuitOnLastWindowClosed(false);

@@ -8,6 +8,9 @@ fi
 home=$(mktemp -d)
 export HOME=$home XDG_RUNTIME_DIR=$home XDG_CONFIG_HOME=$home
 chmod 700 "$home"
+# Options are parted by blanks, commas and colons, which the path of the sources may have.
+cp "$(dirname "${BASH_SOURCE[0]}")/leaks.supp" "$home"
+export LSAN_OPTIONS=suppressions=$home/leaks.supp:print_suppressions=0
 openbox --startup "touch $home/managed" >/dev/null 2>&1 &
 manager=$!
 for _ in {1..100}; do

@@ -1,14 +1,18 @@
-# Puts a Debian kernel into the folder $1 and nothing if it is there already: vmlinux, an ELF image that the
-# emulator starts without unpacking it first, and modules/, the tree under /lib/modules. Sourced; returns 1 when
-# the package cannot be had.
+#!/bin/bash
+# kernel.sh FOLDER: puts a Debian kernel into FOLDER, and nothing if it is there already: vmlinux, an ELF image that the
+# emulator starts without unpacking it first, and modules/, the tree under /lib/modules. Also sourced, for fetchKernel,
+# which returns 1 when the package cannot be had; why stands on standard output.
+
+# Below drivers/ of the kernel's modules.
+kernelModules=(parport/parport parport/parport_pc char/ppdev char/lp)
 
 kernelPackage() {
   apt-cache depends linux-image-amd64 2> /dev/null | awk '/Depends: linux-image-/ { print $2; exit }'
 }
 
 fetchKernel() {
-  local cache=$1 package work image setup offset length
-  [ -e "$cache/ready" ] && return 0
+  local cache=$1 package work image setup offset length module patterns=()
+  [ "$(cat "$cache/ready" 2> /dev/null)" = "${kernelModules[*]}" ] && return 0
   rm -rf "$cache"
   work=$cache/unpack
   mkdir -p "$work" || return 1
@@ -18,10 +22,10 @@ fetchKernel() {
     package=$(kernelPackage)
   fi
   [ -n "$package" ] || { echo "no package linux-image-amd64 is listed (apt-get update?)"; return 1; }
-  (cd "$work" && apt-get download -q "$package") || return 1
-  dpkg-deb --fsys-tarfile "$work"/*.deb | tar -x -C "$work" --wildcards './boot/vmlinuz-*' \
-    './lib/modules/*/kernel/drivers/parport/parport.ko*' './lib/modules/*/kernel/drivers/parport/parport_pc.ko*' \
-    './lib/modules/*/kernel/drivers/char/ppdev.ko*' './lib/modules/*/kernel/drivers/char/lp.ko*' || return 1
+  (cd "$work" && apt-get download -q "$package" > apt.log 2>&1) || { tail -n 3 "$work/apt.log"; return 1; }
+  # Where /lib is a link, packages have their modules below /usr.
+  for module in "${kernelModules[@]}"; do patterns+=("./*lib/modules/*/kernel/drivers/$module.ko*"); done
+  dpkg-deb --fsys-tarfile "$work"/*.deb | tar -x -C "$work" --wildcards './boot/vmlinuz-*' "${patterns[@]}" || return 1
   # The boot image holds the packed kernel behind its set-up sectors, where its header says; the last four bytes
   # are the unpacked size.
   image=$(echo "$work"/boot/vmlinuz-*)
@@ -29,10 +33,13 @@ fetchKernel() {
   offset=$(od -An -tu4 -j 584 -N 4 "$image")
   length=$(od -An -tu4 -j 588 -N 4 "$image")
   tail -c +$(((setup + 1) * 512 + offset + 1)) "$image" | head -c $((length - 4)) > "$work/packed"
-  xz -dc "$work/packed" > "$cache/vmlinux" 2>/dev/null || zstd -dcq "$work/packed" > "$cache/vmlinux" 2>/dev/null ||
-    gzip -dc "$work/packed" > "$cache/vmlinux" || return 1
-  mv "$work/lib/modules" "$cache/modules"
+  xz -dc "$work/packed" > "$cache/vmlinux" 2> /dev/null || zstd -dcq "$work/packed" > "$cache/vmlinux" 2> /dev/null ||
+    gzip -dc "$work/packed" > "$cache/vmlinux" 2> /dev/null ||
+    { echo "the kernel of $package is packed in a way that xz, zstd and gzip do not know"; return 1; }
+  mv "$work"/lib/modules "$work"/usr/lib/modules "$cache/" 2> /dev/null
   find "$cache/modules" -name '*.xz' -exec xz -d {} +
   rm -rf "$work"
-  touch "$cache/ready"
+  echo "${kernelModules[*]}" > "$cache/ready"
 }
+
+if [ "${BASH_SOURCE[0]}" = "$0" ]; then fetchKernel "$1"; fi

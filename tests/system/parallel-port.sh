@@ -16,11 +16,11 @@ skip() {
   exit 77
 }
 
-for needed in qemu-system-x86_64 busybox strace cpio dpkg-deb xz awk; do
+for needed in qemu-system-x86_64 busybox strace cpio dpkg-deb xz zstd awk; do
   command -v "$needed" > /dev/null || skip "$needed is not installed"
 done
 [ "$(uname -m)" = x86_64 ] || skip "the emulated PC runs x86-64 programs only"
-fetchKernel "$cache" || skip "the package of a Debian kernel cannot be had"
+why=$(fetchKernel "$cache") || skip "the package of a Debian kernel cannot be had: $why"
 
 # The emulated computer's file system: the program, what it needs, and the scripts.
 rm -rf "$work"
