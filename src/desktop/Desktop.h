@@ -14,8 +14,8 @@
 
 namespace tessarine::desktop {
 
-// From now on until dress(): where no display can be opened the program ends with a sentence and the status 69
-// (EX_UNAVAILABLE), not with the toolkit's crash.
+// From now on until dress(): where no display can be opened the program ends with a sentence and the status
+// 69 (EX_UNAVAILABLE), not with the toolkit's crash.
 void endWithoutDisplay();
 
 // Sets the look and the icon of the application. Call it before any window is made.

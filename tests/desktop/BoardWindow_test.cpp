@@ -260,7 +260,8 @@ TEST(WireView, ALogicAnalyserReadsTheSavedWords) {
       {QStringLiteral("-i"), desk.folder.filePath(QStringLiteral("board.vcd")), QStringLiteral("-P"),
        QStringLiteral("spi:clk=CLOCK:mosi=DATA:cs=LE:cs_polarity=active-low:wordsize=24"),
        QStringLiteral("-A"), QStringLiteral("spi=mosi-data")});
-  if (!analyser.waitForFinished()) GTEST_SKIP() << "SKIPPED: the saved waveform was NOT read: there is no sigrok-cli";
+  if (!analyser.waitForFinished())
+    GTEST_SKIP() << "SKIPPED: the saved waveform was NOT read: there is no sigrok-cli";
   Words read;
   for (const QByteArray& line : analyser.readAll().trimmed().split('\n'))
     read.push_back("0x" + line.mid(line.lastIndexOf(' ') + 1).rightJustified(6, '0').toStdString());
