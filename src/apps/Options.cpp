@@ -3,9 +3,11 @@
 #include <getopt.h>
 
 #include <algorithm>
+#include <cstddef>
 #include <iostream>
 #include <span>
 #include <string_view>
+#include <utility>
 
 #include "platform/Version.h"
 

@@ -25,6 +25,7 @@ int run(const ProgramKind& kind, const Options& options, std::vector<char*>& too
 
   int count = static_cast<int>(toolkitWords.size());
   toolkitWords.push_back(nullptr);
+  desktop::endWithoutDisplay();
   QApplication application(count, toolkitWords.data());
   desktop::dress(application);
   desktop::Desktop desktop;
