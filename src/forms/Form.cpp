@@ -85,9 +85,13 @@ void FormList::remove(Form& form) {
 Control* FormList::find(std::string_view name) const {
   if (forms_.empty()) return nullptr;
   const auto dot = name.find('.');
-  if (dot == std::string_view::npos) return forms_.front()->find(name);
-  for (const Form* form : forms_) {
-    if (form->name() == name.substr(0, dot)) return form->find(name.substr(dot + 1));
+  if (dot == std::string_view::npos) {
+    if (Control* const control = forms_.front()->find(name)) return control;
+  }
+  for (Form* const form : forms_) {
+    if (form->name() == name) return form;
+    if (dot != std::string_view::npos && form->name() == name.substr(0, dot))
+      return form->find(name.substr(dot + 1));
   }
   return nullptr;
 }

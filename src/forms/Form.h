@@ -66,7 +66,8 @@ class FormList {
   FormList& operator=(const FormList&) = delete;
 
   [[nodiscard]] const std::vector<Form*>& all() const { return forms_; }
-  // The control "VCOText" of the main form (the first one), or "ParallelForm.LPTwText(0)" of another.
+  // The control "VCOText" of the main form (the first one), or "ParallelForm.LPTwText(0)" of another; or a
+  // form by its own name.
   [[nodiscard]] Control* find(std::string_view name) const;
   // How a control is named in scripts: with the form in front, but for the main form's.
   [[nodiscard]] std::string nameOf(const Control& control) const;

@@ -59,10 +59,19 @@ Operator::Refusal Operator::refusal(const Control& control) const {
   return {};
 }
 
-void Operator::run(const Event& action) {
+void Operator::run(const Action& action, const Event& handler) {
+  for (DoorWatch* const watch : watches_) watch->begins(action);
+  run([&] {
+    if (action.deed != Deed::close) forms_.activate(action.control.form());
+    if (handler) handler();
+  });
+  for (DoorWatch* const watch : watches_) watch->ends();
+}
+
+void Operator::run(const Event& handler) {
   try {
     try {
-      if (action) action();
+      if (handler) handler();
     } catch (const std::exception& fault) {
       screen_.messageBox(fault.what(), Icon::critical);
     }
@@ -75,8 +84,7 @@ Operator::Refusal Operator::click(Control& control) {
   if (auto why = refusal(control)) return why;
   const bool separates = control.kind() == Kind::Menu && static_cast<const Menu&>(control).isSeparator();
   if (separates || !takesClicks(control.kind())) return forms_.nameOf(control) + " is not for clicking";
-  run([&] {
-    forms_.activate(control.form());
+  run({Deed::click, control}, [&] {
     if (control.kind() == Kind::CheckBox) {
       auto& box = static_cast<CheckBox&>(control);
       box.Value = box.Value ? 0 : 1;
@@ -96,8 +104,7 @@ Operator::Refusal Operator::doubleClick(Control& control) {
   if (!isList(control.kind()) && !control.DblClick) {
     return forms_.nameOf(control) + " is not for double-clicking";
   }
-  run([&] {
-    forms_.activate(control.form());
+  run({Deed::doubleClick, control}, [&] {
     if (control.kind() == Kind::DirListBox) {
       auto& directories = static_cast<DirListBox&>(control);
       directories.enterItem(directories.ListIndex);
@@ -112,8 +119,7 @@ Operator::Refusal Operator::type(Control& control, std::string_view text) {
   if (control.kind() != Kind::TextBox && control.kind() != Kind::ComboBox) {
     return forms_.nameOf(control) + " takes no text";
   }
-  run([&] {
-    forms_.activate(control.form());
+  run({Deed::set, control, std::string(text)}, [&] {
     if (control.kind() == Kind::TextBox) {
       static_cast<TextBox&>(control).Text = std::string(text);
     } else {
@@ -131,8 +137,7 @@ Operator::Refusal Operator::pick(Control& control, int item) {
   if (item < 0 || static_cast<std::size_t>(item) >= list.List.get().size()) {
     return forms_.nameOf(control) + " has no item " + std::to_string(item);
   }
-  run([&] {
-    forms_.activate(control.form());
+  run({Deed::set, control, list.List.get()[static_cast<std::size_t>(item)]}, [&] {
     if (control.kind() == Kind::ComboBox) {
       static_cast<ComboBox&>(control).pick(item);
     } else if (control.kind() == Kind::FileListBox && list.ListIndex == item) {
@@ -151,10 +156,8 @@ Operator::Refusal Operator::set(Control& control, std::string_view value) {
     case Kind::CheckBox:
       if (value != "0" && value != "1") return name + " takes 0 or 1";
       if (auto why = refusal(control)) return why;
-      run([&] {
-        forms_.activate(control.form());
-        static_cast<CheckBox&>(control).Value = value == "1" ? 1 : 0;
-      });
+      run({Deed::set, control, std::string(value)},
+          [&] { static_cast<CheckBox&>(control).Value = value == "1" ? 1 : 0; });
       return {};
     case Kind::OptionButton:
       if (value != "1") return name + " takes 1";
@@ -162,9 +165,10 @@ Operator::Refusal Operator::set(Control& control, std::string_view value) {
     case Kind::DirListBox:
       if (auto why = refusal(control)) return why;
       if (const int item = itemWith(static_cast<ListControl&>(control), value); item >= 0) {
-        run([&] { static_cast<DirListBox&>(control).enterItem(item); });
+        run({Deed::set, control, std::string(value)},
+            [&] { static_cast<DirListBox&>(control).enterItem(item); });
       } else if (const std::string path(value); DirListBox::canEnter(path)) {
-        run([&] { static_cast<DirListBox&>(control).enter(path); });
+        run({Deed::set, control, path}, [&] { static_cast<DirListBox&>(control).enter(path); });
       } else {
         return name + " cannot enter \"" + path + '"';
       }
@@ -183,12 +187,12 @@ Operator::Refusal Operator::set(Control& control, std::string_view value) {
 
 void Operator::activate(Form& form) {
   if (const Form* modal = forms_.modal(); modal && modal != &form) return;
-  run([&] { forms_.activate(form); });
+  run({Deed::activate, form}, {});
 }
 
 Operator::Refusal Operator::close(Form& form) {
   if (auto why = refusal(form)) return why;
-  run([&] { form.Form_QueryUnload(); });
+  run({Deed::close, form}, [&] { form.Form_QueryUnload(); });
   return {};
 }
 

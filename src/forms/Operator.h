@@ -4,11 +4,32 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "forms/Form.h"
 #include "platform/Platform.h"
 
 namespace tessarine::forms {
+
+enum class Deed { click, doubleClick, set, activate, close };
+
+// What the operator does: to a control, or to a form as a whole. `value` is what a field is set to: a text,
+// the text of an item, "0" or "1".
+struct Action {
+  Deed deed;
+  Control& control;
+  std::string value = {};
+};
+
+// Watches the door. Actions nest: a handler may wait, and so let another action in.
+class DoorWatch {
+ public:
+  virtual ~DoorWatch() = default;
+  // Let in, and about to run.
+  virtual void begins(const Action& action) = 0;
+  // The innermost one is over, whatever it threw, its message included.
+  virtual void ends() = 0;
+};
 
 class Operator {
  public:
@@ -30,14 +51,20 @@ class Operator {
   void activate(Form& form);
   Refusal close(Form& form);
 
-  // Runs an action the way a handler runs: what it throws ends here. A fault becomes one message box.
-  void run(const Event& action);
+  // Runs what is no action of the operator the way a handler runs: what it throws ends here. A fault becomes
+  // one message box.
+  void run(const Event& handler);
+
+  void watch(DoorWatch& watch) { watches_.push_back(&watch); }
+  void unwatch(DoorWatch& watch) { std::erase(watches_, &watch); }
 
  private:
+  void run(const Action& action, const Event& handler);
   [[nodiscard]] Refusal refusal(const Control& control) const;
 
   FormList& forms_;
   Screen& screen_;
+  std::vector<DoorWatch*> watches_;
 };
 
 }  // namespace tessarine::forms

@@ -145,7 +145,6 @@ Form* Interpreter::form(std::string_view name) const {
 
 Control& Interpreter::control(std::string_view name) const {
   if (Control* const found = bench_.forms.find(name)) return *found;
-  if (Form* const found = form(name)) return *found;
   throw Refused("there is no control " + inQuotes(name));
 }
 
@@ -275,11 +274,7 @@ Interpreter::Action Interpreter::prepareControls(std::string_view rest, int /*nu
   nothingMore(rest);
   return [this] {
     for (const Form* const each : bench_.forms.all()) {
-      for (const Control* const item : each->controls()) {
-        print(row({each->name(), item->name(), kindName(item->kind()), item->container()->name(),
-                   flag(item->Visible), flag(item->Enabled), escaped(item->value()),
-                   escaped(item->ToolTip.get())}));
-      }
+      for (const Control* const item : each->controls()) print(controlRow(*item));
     }
   };
 }

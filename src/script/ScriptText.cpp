@@ -5,6 +5,8 @@
 #include <cmath>
 #include <system_error>
 
+#include "forms/Form.h"
+
 namespace tessarine::script {
 namespace {
 
@@ -33,6 +35,19 @@ std::string escaped(std::string_view value) {
         text += character;
     }
   }
+  return text;
+}
+
+std::string controlRow(const forms::Control& control) {
+  const std::string rest[] = {control.name(),
+                              std::string(forms::kindName(control.kind())),
+                              control.container()->name(),
+                              control.Visible ? "1" : "0",
+                              control.Enabled ? "1" : "0",
+                              escaped(control.value()),
+                              escaped(control.ToolTip.get())};
+  std::string text = control.form().name();
+  for (const std::string& cell : rest) text += '\t' + cell;
   return text;
 }
 

@@ -8,10 +8,15 @@
 #include <string_view>
 #include <vector>
 
+#include "forms/Control.h"
+
 namespace tessarine::script {
 
 // On one line: "\", tab, CR and LF become "\\", "\t", "\r" and "\n".
 [[nodiscard]] std::string escaped(std::string_view value);
+
+// Form, name, kind, container, visible, enabled, value and tool tip of a control, parted by tabs.
+[[nodiscard]] std::string controlRow(const forms::Control& control);
 
 // Takes the first word off the front of `text`, with the one blank behind it.
 std::string_view takeWord(std::string_view& text);
