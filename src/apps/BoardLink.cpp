@@ -1,5 +1,7 @@
 #include "apps/BoardLink.h"
 
+#include <utility>
+
 #include "apps/VirtualHost.h"
 #include "board/WireTap.h"
 #include "platform/linux/LeaveOnSignal.h"
@@ -45,6 +47,9 @@ class HostLink : public BoardLink {
   Platform& platform() override { return platform_; }
   board::EvaluationBoard& board() override { return board_; }
   void listen() override { tap_.listen(&board_); }
+  void onNotice(std::function<void(const std::string&)> tell) override {
+    host_.driver.notice = std::move(tell);
+  }
   std::string whyNotOpen() const override { return host_.whyNotOpen(); }
 
  private:

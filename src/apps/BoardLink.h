@@ -36,6 +36,8 @@ class BoardLink {
   virtual void listen() {}
   // The board that can be asked for its pulses and made faulty; null on a real way out.
   [[nodiscard]] virtual board::VirtualBoard* virtualBoard() { return nullptr; }
+  // Takes what the operator is to know of a real way out that works.
+  virtual void onNotice(std::function<void(const std::string&)> /*tell*/) {}
   // Why a real way out does not work, with the line to type; empty while it does.
   [[nodiscard]] virtual std::string whyNotOpen() const { return {}; }
 

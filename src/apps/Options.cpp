@@ -126,7 +126,8 @@ std::string help(const ProgramKind& program) {
   }
   text += program.hasWindow
               ? "The toolkit's own options (-platform, -style, -geometry, ...) work as well.\n"
-              : "Exit status: 0, 1 after a failed expect, 2 for a line that cannot be carried out.\n";
+              : "Exit status: 0, 1 after a failed expect, 2 for a line that cannot be carried out,\n"
+                "3 when the port did not take what was written.\n";
   return text + "Options that make no sense, and files that cannot be read or written, end with 2.\n";
 }
 

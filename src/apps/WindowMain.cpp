@@ -32,6 +32,7 @@ int run(const ProgramKind& kind, const Options& options, std::vector<char*>& too
   screen = &desktop;
   const auto link = linkToBoard(options, desktop,
                                 {.microseconds = steadyMicroseconds, .bell = [] { QApplication::beep(); }});
+  link->onNotice([&](const std::string& text) { desktop.tell(text); });
   // The message of a failed write names the address alone.
   desktop.remark = [&](const std::string& text) {
     return text.starts_with("Error with Output Port Address ") ? link->whyNotOpen() : std::string();

@@ -31,6 +31,9 @@ constexpr ProgramKind kProgram{
     .does =
         "Runs the script FILE, or standard input, on a virtual board or on this computer's own ways out."};
 
+constexpr int kPortGaveUp = 3;  // exit status
+constexpr std::size_t kMostBytes = 64UL << 20U;
+
 struct Script {
   std::istream* text;
   std::string name;     // in messages
@@ -100,6 +103,7 @@ int runScript(const Options& options, const Script& script) {
                                 {.microseconds = [&time] { return time.now(); },
                                  .clock = isVirtual ? &virtualTime : nullptr,
                                  .bell = {}});
+  link->onNotice([](const std::string& text) { (void)failed(kProgram, text); });
   screen.afterMessage = [advice = PortAdvice(*link)]() mutable { advice.tell(); };
   Program program(link->platform());
   link->connect(program);
@@ -114,16 +118,27 @@ int runScript(const Options& options, const Script& script) {
   Interpreter interpreter(
       {program.forms, program.door, screen, bench ? &*bench : nullptr, std::cout, std::cerr}, *script.text,
       script.name);
-  const int status = interpreter.run();
+  int status = interpreter.run();
+  if (!isVirtual && program.module.WritesGivenUp > 0) {
+    (void)failed(kProgram, std::to_string(program.module.WritesGivenUp) +
+                               " writes to the port were given up: it did not give back what was written");
+    status = kPortGaveUp;
+  }
   return trace.finish() ? status : kBadUsage;
 }
 
-// The text of a file; nothing if it cannot be read.
+// The text of a file, a byte beyond the limit at most; nothing if it cannot be read.
 std::optional<std::string> contents(const std::string& path) {
   std::ifstream file(path);
   if (!file) return {};
   try {
-    return std::string(std::istreambuf_iterator<char>(file), {});
+    std::string text;
+    for (char chunk[65536];
+         text.size() <= kMostBytes && (file.read(chunk, sizeof chunk), file.gcount() > 0);) {
+      text.append(chunk, static_cast<std::size_t>(file.gcount()));
+    }
+    if (file.bad()) return {};
+    return text;
   } catch (const std::ios::failure&) {  // a directory opens, but does not read
     return {};
   }
@@ -135,6 +150,7 @@ int run(const Options& options) {
   if (!options.script.empty()) {
     auto text = contents(options.script);
     if (!text) return failed(kProgram, options.script + " cannot be read");
+    if (text->size() > kMostBytes) return failed(kProgram, options.script + " is larger than 64 MB");
     script = {
         .text = &file, .name = options.script, .asksForLatches = text->find("latches") != std::string::npos};
     file.str(std::move(*text));

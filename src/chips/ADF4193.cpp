@@ -37,7 +37,7 @@ Detector detectorOfPanel(const PLL& pll, double R) {
   requireAboveZero("Step Resolution", pll.Fcomp, " kHz");
   const double D = leadingNumber(pll.R1_DoublerEnable);
   const double T = leadingNumber(pll.R1_REF2);
-  const Single PFD = toSingle(pll.Fosc * ((1 + D) / (R * (1 + T))));
+  const Single PFD = detectorFrequency(pll.Fosc, (1 + D) / (R * (1 + T)));
   return {PFD, roundDown(PFD * 1000.0 / pll.Fcomp + 0.00001)};
 }
 

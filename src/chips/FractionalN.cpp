@@ -26,7 +26,7 @@ void PLL::CalcADF4252() {
   requireAboveZero("Reference Frequency", Fosc, " MHz");
   requireAboveZero("Step Resolution", Fcomp, " kHz");
 
-  const Single PFD = toSingle(Fosc * ((1 + D) / R));
+  const Single PFD = detectorFrequency(Fosc, (1 + D) / R);
   const double INT = roundDown(Fvco / PFD);
   const double MOD = roundDown(PFD * 1000.0 / Fcomp + 0.00001);
   const double FRAC = roundHalfUp((Fvco / PFD - INT) * MOD);
@@ -98,7 +98,7 @@ void PLL::calcADF4153Words() {
   const double D = DoublerEnabled_4531;
   RTotal = RCounter_4531;
   requireAboveZero("R counter", RTotal);
-  const Single PFD = toSingle(Fosc * ((1 + D) / RTotal));
+  const Single PFD = detectorFrequency(Fosc, (1 + D) / RTotal);
   if (module_.view != nullptr) module_.view->showDetectorFrequency(detectorCaption(PFD));
   requireAboveZero("Reference Frequency", Fosc, " MHz");
   requireAboveZero("Step Resolution", Fcomp, " kHz");

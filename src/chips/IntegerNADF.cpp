@@ -83,8 +83,9 @@ void PLL::CalcADFWords() {
   // Told at the end: while the box is open another command may run.
   if (fromFile && !usable) {
     module_.platform.screen.messageBox(
-        joined({"\"", SetupFile_ADF4113, "\" gives no current setting of three binary digits for ",
-                messageNumber(Fvco), " MHz (\"", setting, "\"). The panel's Current Set2 is used."}),
+        joined({quoted(SetupFile_ADF4113, kLongestPath),
+                " gives no current setting of three binary digits for ", messageNumber(Fvco), " MHz (",
+                quoted(setting), "). The panel's Current Set2 is used."}),
         Icon::critical);
   }
 }

@@ -103,8 +103,8 @@ void PLL::CalcSKY72300() {
   // Told at the end: while the box is open another command may run.
   if (fromFile && !usable) {
     module_.platform.screen.messageBox(
-        joined({"\"", file, "\" gives no charge-pump value for ", messageNumber(Fvco), " MHz (\"", setting,
-                "\"). The panel's main charge pump is used."}),
+        joined({quoted(file, kLongestPath), " gives no charge-pump value for ", messageNumber(Fvco), " MHz (",
+                quoted(setting), "). The panel's main charge pump is used."}),
         Icon::critical);
   }
 }

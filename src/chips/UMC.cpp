@@ -48,7 +48,8 @@ String wholeDecimal(double value) {
 
 String wordOf(const Register& source, const String& name) {
   if (!(source.value >= 0 && std::isfinite(source.value))) {
-    throw Fault(joined({"UMC ", name, " = ", messageNumber(source.value), " must not be negative"}));
+    throw Fault(joined({"UMC ", name, " = ", messageNumber(source.value),
+                        source.value < 0 ? " must not be negative" : " is too large"}));
   }
   String digits = wholeDecimal(source.value);
   std::size_t zeros = 0;
@@ -65,20 +66,30 @@ String wordOf(const Register& source, const String& name) {
 
 }  // namespace
 
+// All words are built before the first is sent: a module that is set by half runs at a frequency that nobody
+// asked for.
 void PLL::Set_UMC() {
-  if (CalcChannel) {
-    requireAboveZero("UMC step size", StepSize, " kHz");
-    Channel = toInteger((Fvco - StartFreq) / (StepSize / 1000.0), "UMC channel");
+  const Integer before = Channel;
+  std::array<String, 5> words;
+  try {
+    if (CalcChannel) {
+      requireAboveZero("UMC step size", StepSize, " kHz");
+      Channel = toInteger((Fvco - StartFreq) / (StepSize / 1000.0), "UMC channel");
+    }
+    std::size_t place = 0;
+    for (const char* const name : {"start", "stop", "stepsize", "ref", "channel"}) {
+      words[place++] = wordOf(registerOf(*this, name), name);
+    }
+  } catch (const Fault&) {
+    Channel = before;
+    throw;
   }
-  Send32BitReg("start");
-  Send32BitReg("stop");
-  Send32BitReg("stepsize");
-  Send32BitReg("ref");
-  Send32BitReg("channel");
+  for (String& word : words) send32Bits(word);
 }
 
-void PLL::Send32BitReg(const String& Reg1) {
-  String word = wordOf(registerOf(*this, Reg1), Reg1);
+void PLL::Send32BitReg(const String& Reg1) { send32Bits(wordOf(registerOf(*this, Reg1), Reg1)); }
+
+void PLL::send32Bits(String word) {
   UpsideSTR(word);
   ShiftOut(word);
   PortWrite(module_, module_.PortAddress, LEbit);

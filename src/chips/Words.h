@@ -17,6 +17,10 @@ void requireAboveZero(std::string_view name, double value, std::string_view unit
 // The prescaler select of the fractional chips: "1" for the moduli 8 and 9, else "0".
 [[nodiscard]] std::string_view prescalerBit(Integer PreScalar);
 
+// The detector frequency in MHz of a reference of `Fosc` MHz times `factor`; a Fault when a Single cannot
+// hold it.
+[[nodiscard]] Single detectorFrequency(double Fosc, double factor);
+
 // A detector frequency of `PFD` MHz as the text of `PFDLabel`, in kHz.
 [[nodiscard]] String detectorCaption(Single PFD);
 

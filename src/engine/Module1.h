@@ -1,6 +1,7 @@
 // The values that the whole program shares.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 
 #include "engine/Types.h"
@@ -23,11 +24,12 @@ struct Module1 {
   Platform& platform;
   EngineView* view = nullptr;  // set by the main window, which outlives every command
 
-  String CurrentModel;           // the model chosen in the menu: the key of every chip decision
-  Integer PortAddress = 0;       // base address of the parallel port
-  String PortType;               // "LPT" or "USB"
-  Integer UseDlPort = 0;         // non-zero: port access through the driver
-  Integer PolarityNegative = 0;  // true while "Polarity Positive" is clear
+  String CurrentModel;              // the model chosen in the menu: the key of every chip decision
+  Integer PortAddress = 0;          // base address of the parallel port
+  String PortType;                  // "LPT" or "USB"
+  Integer UseDlPort = 0;            // non-zero: port access through the driver
+  Integer PolarityNegative = 0;     // true while "Polarity Positive" is clear
+  std::uint64_t WritesGivenUp = 0;  // to a port that did not give back what was written
 
   // The file browser's way of handing its result back.
   String BrowseResult;

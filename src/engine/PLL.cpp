@@ -29,7 +29,7 @@ String PLL::LongToBin(std::int32_t Num1) {
 Integer PLL::BinToInt(const String& str1) {
   std::int32_t value = 0;
   for (const char digit : str1) {
-    if (digit != '0' && digit != '1') throw Fault("\"" + str1 + "\" is no binary number");
+    if (digit != '0' && digit != '1') throw Fault(quoted(str1) + " is no binary number");
     value = 2 * value + (digit == '1' ? 1 : 0);
     if (value > std::numeric_limits<Integer>::max()) {
       throw Fault("The binary number " + str1 + " does not fit 15 bits (0 to 32767)");

@@ -203,6 +203,7 @@ class PLL {
   void calcADF4153Words();
   void buildTimerWords(bool fromFile);
   void CalcSKY72300();
+  void send32Bits(String word);
   [[nodiscard]] static String SetupCurrentBits(const String& Text);
   static void GreatestDivisor(Integer& A, Integer& B, Integer& Result);
 

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <exception>
+#include <utility>
 
 #include "forms/FileControls.h"
 #include "platform/Fault.h"
@@ -9,6 +10,9 @@
 namespace tessarine::forms {
 
 namespace {
+
+// Far above what a hand can do, and far below what the stack holds.
+constexpr int kDeepest = 100;
 
 // Whether a control takes a click of its own.
 bool takesClicks(Kind kind) {
@@ -59,6 +63,20 @@ Operator::Refusal Operator::refusal(const Control& control) const {
   return {};
 }
 
+// An action begun in the waits of others adds to their stack; counted here, whatever it throws.
+class Operator::Depth {
+ public:
+  explicit Depth(Operator& door) : door_(door) { ++door_.depth_; }
+  ~Depth() {
+    if (--door_.depth_ == 0) door_.toldTooDeep_ = false;
+  }
+  Depth(const Depth&) = delete;
+  Depth& operator=(const Depth&) = delete;
+
+ private:
+  Operator& door_;
+};
+
 void Operator::run(const Action& action, const Event& handler) {
   for (DoorWatch* const watch : watches_) watch->begins(action);
   run([&] {
@@ -69,7 +87,16 @@ void Operator::run(const Action& action, const Event& handler) {
 }
 
 void Operator::run(const Event& handler) {
+  const Depth depth(*this);
   try {
+    if (depth_ > kDeepest) {
+      if (!std::exchange(toldTooDeep_, true)) {
+        screen_.messageBox("More than " + std::to_string(kDeepest) +
+                               " actions wait for one another: what is begun now is left out until they end",
+                           Icon::critical);
+      }
+      return;
+    }
     try {
       if (handler) handler();
     } catch (const std::exception& fault) {

@@ -52,7 +52,8 @@ class Operator {
   Refusal close(Form& form);
 
   // Runs what is no action of the operator the way a handler runs: what it throws ends here. A fault becomes
-  // one message box.
+  // one message box. Beyond a hundred actions begun in the waits of one another a message, once, stands in
+  // place of the action.
   void run(const Event& handler);
 
   void watch(DoorWatch& watch) { watches_.push_back(&watch); }
@@ -62,9 +63,13 @@ class Operator {
   void run(const Action& action, const Event& handler);
   [[nodiscard]] Refusal refusal(const Control& control) const;
 
+  class Depth;
+
   FormList& forms_;
   Screen& screen_;
   std::vector<DoorWatch*> watches_;
+  int depth_ = 0;  // actions that wait for those begun in their waits
+  bool toldTooDeep_ = false;
 };
 
 }  // namespace tessarine::forms

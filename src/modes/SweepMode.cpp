@@ -58,13 +58,13 @@ void PllForm1::startSweep() {
 }
 
 PllForm1::Pace PllForm1::readPace() const {
-  const Pace pace{.step = leadingNumber(StepText1.Text.get()),
-                  .delay = leadingInteger(DelaySweepText1.Text.get(), "Delay")};
-  if (AutoOption1.Value && pace.step < 0) {
-    throw Fault("Step Size = " + plainDecimal(pace.step, kStepDigits) +
+  const double step = leadingNumber(StepText1.Text.get());
+  if (!AutoOption1.Value) return {.step = step, .delay = 0};  // the field of the delay is out of sight
+  if (step < 0) {
+    throw Fault("Step Size = " + plainDecimal(step, kStepDigits) +
                 " kHz leads away from the stop frequency: it must be 0 or above");
   }
-  return pace;
+  return {.step = step, .delay = leadingInteger(DelaySweepText1.Text.get(), "Delay")};
 }
 
 void PllForm1::runAutoSweep(double SweepFreq, double SweepStop, double SweepStep, Integer SweepDelay) {

@@ -83,8 +83,11 @@ void PLL::takeFracSetup(std::string_view text, bool withKeys) {
   PreScalarFromFile = setup.P.value_or(PreScalarFromFile);
   const auto phases = setup.phases.size();
   if (phases > 0) {
+    // The table is cut or extended line by line and keeps what it holds: a single line leaves the second
+    // element of the file before as the spare one.
+    const Integer spare = phases == 1 && PhaseTable.size() > 1 ? PhaseTable[1] : Integer{0};
     PhaseTable = std::move(setup.phases);
-    PhaseTable.push_back(0);  // the spare element
+    PhaseTable.push_back(spare);
   }
   if (phases < kExpectedPhases) {
     module_.platform.screen.messageBox("Warnning: Setup File is wrong !", Icon::plain);

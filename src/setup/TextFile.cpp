@@ -14,7 +14,7 @@ namespace {
 constexpr std::size_t kMostBytes = 64UL << 20U;
 
 [[noreturn]] void refuse(const std::string& path, const std::string& why) {
-  throw Fault("Setup file \"" + path + "\" cannot be read: " + why);
+  throw Fault("Setup file " + quoted(path, kLongestPath) + " cannot be read: " + why);
 }
 
 }  // namespace
@@ -50,7 +50,7 @@ std::string_view LineReader::next() {
 
 std::string LineReader::complaint(std::string_view file, std::string_view what) const {
   const std::string place = number_ == 0 ? "" : ", line " + std::to_string(number_);
-  return "Setup file \"" + std::string(file) + "\"" + place + ": " + std::string(what);
+  return "Setup file " + quoted(file, kLongestPath) + place + ": " + std::string(what);
 }
 
 }  // namespace tessarine

@@ -60,6 +60,7 @@ int retryWrite(Module1& module, int Address, std::uint8_t value) {
   for (int number = 1; number < kTries; ++number) {
     if (tryWrite(module, Address, value, number >= kFirstPatientTry)) return 1;
   }
+  ++module.WritesGivenUp;
   module.platform.clock.beep();
   module.platform.screen.messageBox("Error with Output Port Address " + std::to_string(Address),
                                     Icon::critical, "Ouput port Err");

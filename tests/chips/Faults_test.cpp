@@ -38,6 +38,7 @@ TEST(Faults, ARefusedCalculationChangesNothingButWordsThatAnADF4153HasBuilt) {
       {"ADF4252", [](auto& b) { b.pll.RF_R_Counter = "x"; }, "R counter = 0 must be above 0"},
       {"ADF4252", [](auto& b) { b.pll.RF_R_Counter = "16"; }, "R counter = 16 does not fit 4 bits (0 to 15)"},
       {"ADF4252", [](auto& b) { b.pll.Fosc = 0; }, "Reference Frequency = 0 MHz must be above 0"},
+      {"ADF4252", [](auto& b) { b.pll.Fosc = 1e39; }, "Reference Frequency = 1e+39 MHz is too large"},
       {"ADF4252", [](auto& b) { b.pll.Fcomp = 0; }, "Step Resolution = 0 kHz must be above 0"},
       {"ADF4252", [](auto& b) { b.pll.Fvco = 2560; }, "INT = 256 does not fit 8 bits (0 to 255)"},
       {"ADF4252", [](auto& b) { b.pll.Fvco = -1; }, "INT = -1 does not fit 8 bits (0 to 255)"},
@@ -47,6 +48,7 @@ TEST(Faults, ARefusedCalculationChangesNothingButWordsThatAnADF4153HasBuilt) {
 
       {"ADF4193", [](auto& b) { b.pll.R1_RFCounter = "0000"; }, "R counter = 0 must be above 0"},
       {"ADF4193", [](auto& b) { b.pll.Fosc = 0; }, "Reference Frequency = 0 MHz must be above 0"},
+      {"ADF4193", [](auto& b) { b.pll.Fosc = 1e39; }, "Reference Frequency = 1e+39 MHz is too large"},
       {"ADF4193", [](auto& b) { b.pll.Fcomp = 0; }, "Step Resolution = 0 kHz must be above 0"},
       {"ADF4193", [](auto& b) { b.pll.Fvco = 2560; }, "N = 256 does not fit 8 bits (0 to 255)"},
       {"ADF4193", [](auto& b) { b.pll.Fcomp = 2; }, "MOD = 5000 does not fit 12 bits (0 to 4095)"},
@@ -81,6 +83,7 @@ TEST(Faults, ARefusedCalculationChangesNothingButWordsThatAnADF4153HasBuilt) {
 
       {"ADF4153", [](auto& b) { b.pll.RCounter_4531 = 0; }, "R counter = 0 must be above 0"},
       {"ADF4153", [](auto& b) { b.pll.Fosc = 0; }, "Reference Frequency = 0 MHz must be above 0"},
+      {"ADF4153", [](auto& b) { b.pll.Fosc = 1e39; }, "Reference Frequency = 1e+39 MHz is too large"},
       {"ADF4153", [](auto& b) { b.pll.Fcomp = 0; }, "Step Resolution = 0 kHz must be above 0"},
       {"ADF4153", [](auto& b) { b.pll.Fvco = 5120; }, "INT = 512 does not fit 9 bits (0 to 511)"},
       {"ADF4153", [](auto& b) { b.pll.Fcomp = 2, b.pll.Fvco = 1009; },
@@ -115,6 +118,7 @@ TEST(Faults, ARefusedCalculationChangesNothingButWordsThatAnADF4153HasBuilt) {
     if (c.model == std::string("ADF4153")) {
       EXPECT_EQ(bench.host.screen.messages,
                 (std::vector<Message>{{c.text, Icon::critical, kApplicationTitle}}));
+      EXPECT_EQ(bench.view.detectorFrequency.find("inf"), std::string::npos);
     } else {
       EXPECT_EQ(fault, c.text);
       EXPECT_TRUE(bench.host.screen.messages.empty());

@@ -58,6 +58,8 @@ TEST(UMC, WhatDoesNotFitIsRefusedAndNotSent) {
       {"start", [](PLL& p) { p.StartFreq = 1e10F; },
        "Exponent of UMC start = 16 does not fit 4 bits (0 to 15)"},
       {"ref", [](PLL& p) { p.RefFreq = -10; }, "UMC ref = -10000000 must not be negative"},
+      {"stepsize", [](PLL& p) { p.StepSize = 1e38F; }, "UMC stepsize = inf is too large"},
+      {nullptr, [](PLL& p) { p.StepSize = 4, p.RefFreq = -10; }, "UMC ref = -10000000 must not be negative"},
       {"speed", [](PLL&) {}, "The UMC module has no register \"speed\""},
       {nullptr, [](PLL& p) { p.StepSize = 0; }, "UMC step size = 0 kHz must be above 0"},
       {nullptr, [](PLL& p) { p.StepSize = 1; },

@@ -48,9 +48,13 @@ TEST_F(Parallel, PpdevIsClaimedAloneSetToRestAndRestored) {
 }
 
 TEST_F(Parallel, APortThatOthersSignedUpForIsTakenOnlyWhileNobodyHasIt) {
+  std::string told;
+  host.driver.notice = [&told](const std::string& text) { told += text; };
   kernel.addPort(kData, "parport0");
   kernel.othersRegistered = true;
   write(kData, 1);
+  EXPECT_THAT(told, StartsWith("Parallel port 378 is shared with the printer driver lp: "));
+  EXPECT_TRUE(isInTheManual(told));
   EXPECT_THAT(kernel.taken(),
               ElementsAre("open /dev/parport0", "flock", "PPEXCL", "PPCLAIM", "close", "open /dev/parport0",
                           "flock", "PPCLAIM", "PPRCONTROL", "PPDATADIR 0", "PPWDATA 00", "PPWDATA 01"));
@@ -213,14 +217,36 @@ TEST_F(Parallel, EveryPortThatWasUsedIsLeftAtRest) {
     EXPECT_EQ(kernel.at(address), value);
 }
 
+// The program would take the bits of it that echo for the board's lines.
+TEST_F(Parallel, AControlRegisterIsNoPortOfABoard) {
+  kernel.addPort(kData, "parport0");
+  kernel.nodes["/dev/port"] = 0;
+  for (const bool library : {false, true}) {
+    const std::string told = faultOf(
+        [&] { library ? host.library.InputByte1(kControl) : host.driver.DlPortReadPortUchar(kControl); });
+    EXPECT_THAT(told,
+                StartsWith("Address 37A is forbidden: it is the control register of parallel port 378. "));
+    EXPECT_TRUE(isInTheManual(told));
+    EXPECT_EQ(host.whyNotOpen(), told);
+  }
+}
+
 TEST_F(Parallel, OnlyTheReadBackTellsOfAPortThatIsNotThere) {
   kernel.nodes["/dev/port"] = 0;
+  const auto missing = [&](const char* rest) {
+    EXPECT_THAT(host.whyNotOpen(),
+                StartsWith("Parallel port 378 is missing: nothing answers at this address (it reads FF)" +
+                           std::string(rest)));
+    EXPECT_TRUE(isInTheManual(host.whyNotOpen()));
+  };
   write(kData, 0);
   EXPECT_EQ(host.whyNotOpen(), "");
   EXPECT_EQ(host.driver.DlPortReadPortUchar(kData), 0xFF);
-  EXPECT_THAT(host.whyNotOpen(),
-              StartsWith("Parallel port 378 is missing: nothing answers at this address "));
-  EXPECT_TRUE(isInTheManual(host.whyNotOpen()));
+  missing(", and the kernel's driver knows no port. Type: ");
+  kernel.addPort(0x278, "parport0");
+  missing("; the kernel knows 278. Enter that address");
+  kernel.files["/proc/sys/dev/parport/parport1/base-addr"] = "888\t0\n";
+  missing(", though the kernel's driver was told of it. To let");
   // One that holds a line is another matter, and one that gives in is none.
   kernel.addPort(kData, "");
   write(kData, 4);

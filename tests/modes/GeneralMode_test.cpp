@@ -6,6 +6,21 @@
 namespace tessarine {
 namespace {
 
+TEST(GeneralMode, StartsWithinStartsEndWithOneMessage) {
+  ProgramBench bench("ADF4113");
+  bench.tune();
+  for (int i = 1; i <= 20'000; ++i) bench.clickAt(1, "AllCommand");
+  bench.click("AllCommand");
+  EXPECT_EQ(bench.messages(),
+            Texts{"More than 100 actions wait for one another: what is begun now is left out "
+                  "until they end"});
+  EXPECT_EQ(bench.latches().size() % 3, 0U);
+  EXPECT_GE(bench.latches().size(), 300U) << "the others are carried out";
+  bench.forget();
+  bench.click("AllCommand");
+  EXPECT_EQ(bench.latches().size(), 3U);
+}
+
 // F, R, N for 900 MHz.
 const Words kSet = {"000000111000000010010010", "000000000000000011001000", "000000100011001000010001"};
 

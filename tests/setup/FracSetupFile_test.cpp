@@ -90,6 +90,16 @@ TEST(FracSetupFile, FewerThan64PhasesWarnAndServe) {
   }
 }
 
+TEST(FracSetupFile, TheSpareElementOfASingleLineIsOfTheFileBefore) {
+  for (const auto& [before, spare] : {std::pair<std::string, Integer>{"0 1\n1 2\n2 3", 2}, {"0 1", 0}}) {
+    SetupBench bench("FRAC\n" + before);
+    bench.pll.UpdateSetup_Frac();
+    bench.file.write("FRAC\n0 9");
+    bench.pll.UpdateSetup_Frac();
+    EXPECT_EQ(PLLProbe::phaseTable(bench.pll), (std::vector<Integer>{9, spare}));
+  }
+}
+
 TEST(FracSetupFile, WhatANewFileLacksStays) {
   SetupBench bench(kHead + bodyOf(64));
   bench.pll.UpdateSetup_Frac();

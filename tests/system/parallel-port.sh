@@ -84,6 +84,7 @@ goesOn 378 3
 wordsAgree 378 4
 traceAgrees 378 4
 wordsAgree 378 5
+says 378 5 "Parallel port 378 is shared with the printer driver lp"
 for stage in 6 7; do
   says 378 $stage "$silent"
   says 378 $stage "Parallel port 378 is busy: another program holds it"
@@ -102,9 +103,11 @@ says 278 1 "Parallel port 378 is missing: the kernel knows 278. Enter that addre
 wordsAgree 278 1
 leftAtRest 278 1 1c
 
+missing="Parallel port 378 is missing: nothing answers at this address (it reads FF)"
+says none 1 "$missing, and the kernel's driver knows no port. Type: sudo modprobe -a parport_pc ppdev"
+says none 2 "$missing, though the kernel's driver was told of it."
 for stage in 1 2; do
   says none $stage "$silent"
-  says none $stage "Parallel port 378 is missing: nothing answers at this address (it reads FF)."
   goesOn none $stage
 done
 

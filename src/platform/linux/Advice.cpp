@@ -1,5 +1,6 @@
 #include "platform/linux/Advice.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstddef>
 #include <initializer_list>
@@ -27,6 +28,12 @@ std::string joined(std::initializer_list<std::string_view> parts) {
   return text;
 }
 
+std::string list(const std::vector<std::uint16_t>& addresses) {
+  std::string text;
+  for (const std::uint16_t address : addresses) text += (text.empty() ? "" : ", ") + hex(address);
+  return text;
+}
+
 }  // namespace
 
 std::string portModulesMissing(std::uint16_t base) {
@@ -34,9 +41,7 @@ std::string portModulesMissing(std::uint16_t base) {
 }
 
 std::string portElsewhere(std::uint16_t base, const std::vector<std::uint16_t>& known) {
-  std::string list;
-  for (const std::uint16_t address : known) list += (list.empty() ? "" : ", ") + hex(address);
-  return joined({port(base), " is missing: the kernel knows ", list,
+  return joined({port(base), " is missing: the kernel knows ", list(known),
                  ". Enter that address in Config, Parallel Port; or, if the port is there, type: ",
                  "sudo modprobe -r lp ppdev parport_pc; sudo modprobe parport_pc io=0x", hex(base),
                  " && sudo modprobe ppdev"});
@@ -64,13 +69,27 @@ std::string portFailed(std::uint16_t base, std::string_view why) {
       {port(base), " failed: ", why, ". To see what the kernel says, type: sudo dmesg | grep parport"});
 }
 
-std::string portSilent(std::uint16_t base, std::uint8_t written, std::uint8_t read) {
-  if (read == 0xFF)
-    return joined({port(base),
-                   " is missing: nothing answers at this address (it reads FF). To see which addresses the "
-                   "kernel knows, type: cat /proc/sys/dev/parport/*/base-addr"});
+std::string portOtherwise(std::uint16_t base, std::uint8_t written, std::uint8_t read) {
   return joined({port(base), " reads ", hex(read), " where ", hex(written),
                  " was written: its lines are inputs, shorted or held by the board"});
+}
+
+std::string portSilent(std::uint16_t base, const std::vector<std::uint16_t>& known) {
+  const std::string start = port(base) + " is missing: nothing answers at this address (it reads FF)";
+  if (known.empty()) return joined({start, ", and the kernel's driver knows no port. ", kLoadModules});
+  if (std::find(known.begin(), known.end(), base) == known.end()) {
+    return joined(
+        {start, "; the kernel knows ", list(known), ". Enter that address in Config, Parallel Port"});
+  }
+  return joined({start,
+                 ", though the kernel's driver was told of it. To let the driver look for the port, type: "
+                 "sudo modprobe -r lp ppdev parport_pc; sudo modprobe -a parport_pc ppdev"});
+}
+
+std::string portShared(std::uint16_t base) {
+  return joined({port(base),
+                 " is shared with the printer driver lp: another program may take it, and this one then "
+                 "waits for it without end. To have it alone, type: sudo modprobe -r lp"});
 }
 
 std::string rawNotPermitted(std::uint16_t base) {
@@ -95,6 +114,18 @@ std::string noSuchRegister(std::uint16_t address) {
       {"Address ", hex(address),
        " is missing: a parallel port has its data register at a multiple of 4 and its control register "
        "at that plus 2"});
+}
+
+std::string controlRegister(std::uint16_t address) {
+  const auto base = static_cast<std::uint16_t>(address - 2);
+  return joined({"Address ", hex(address), " is forbidden: it is the control register of parallel port ",
+                 hex(base), ". Enter ", hex(base), " in Config, Parallel Port"});
+}
+
+std::string noPortInstructions(std::uint16_t base) {
+  return joined({port(base),
+                 " is missing: this computer has no such ports, and its kernel no driver for one. A USB "
+                 "module works here, and so do GPIO lines: start the program with --board gpio"});
 }
 
 std::string moduleMissing() {

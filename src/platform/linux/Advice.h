@@ -17,13 +17,19 @@ namespace tessarine::advice {
 [[nodiscard]] std::string portNotPermitted(std::uint16_t base, std::string_view node);
 [[nodiscard]] std::string portBusy(std::uint16_t base, std::string_view node, std::string_view holder);
 [[nodiscard]] std::string portFailed(std::uint16_t base, std::string_view why);
-[[nodiscard]] std::string portSilent(std::uint16_t base, std::uint8_t written, std::uint8_t read);
+[[nodiscard]] std::string portOtherwise(std::uint16_t base, std::uint8_t written, std::uint8_t read);
+// The port reads FF; `known` are the ports of the kernel's driver.
+[[nodiscard]] std::string portSilent(std::uint16_t base, const std::vector<std::uint16_t>& known);
+// No obstacle, but a danger.
+[[nodiscard]] std::string portShared(std::uint16_t base);
 
 // Raw access.
 [[nodiscard]] std::string rawNotPermitted(std::uint16_t base);
 [[nodiscard]] std::string rawForbidden(std::uint16_t base);
 [[nodiscard]] std::string notAParallelPort(std::uint16_t address, std::string_view owner);
 [[nodiscard]] std::string noSuchRegister(std::uint16_t address);
+[[nodiscard]] std::string controlRegister(std::uint16_t address);
+[[nodiscard]] std::string noPortInstructions(std::uint16_t base);
 
 // The USB module.
 [[nodiscard]] std::string moduleMissing();

@@ -24,11 +24,15 @@ std::string whyNoParport(Kernel& kernel, std::uint16_t base) {
   return known.empty() ? advice::portModulesMissing(base) : advice::portElsewhere(base, known);
 }
 
-std::unique_ptr<OpenPort> openByDriver(Kernel& kernel, std::uint16_t base) {
+std::unique_ptr<OpenPort> openByDriver(Kernel& kernel, std::uint16_t base, const Notice& notice) {
   const auto known = parportAt(kernel, base);
   if (known) {
-    if (auto port = PpdevPort::open(kernel, *known)) return port;
+    const auto shared = [&] {
+      if (notice) notice(advice::portShared(base));
+    };
+    if (auto port = PpdevPort::open(kernel, *known, shared)) return port;
   }
+  if (!RawPort::kExists) throw Fault(known ? advice::ppdevMissing(base) : advice::noPortInstructions(base));
   int error = 0;
   if (auto port = RawPort::openIfLetIn(kernel, base, error)) return port;
   const bool forbidden = kernel.isRoot() && error == -EPERM;
@@ -38,7 +42,8 @@ std::unique_ptr<OpenPort> openByDriver(Kernel& kernel, std::uint16_t base) {
 }  // namespace
 
 LinuxPortDriver::LinuxPortDriver(Kernel& kernel, Gate& gate)
-    : ports_(kernel, gate, [&kernel](std::uint16_t base) { return openByDriver(kernel, base); }) {}
+    : ports_(kernel, gate,
+             [this, &kernel](std::uint16_t base) { return openByDriver(kernel, base, notice); }) {}
 
 LinuxPortLibrary::LinuxPortLibrary(Kernel& kernel, Gate& gate)
     : ports_(kernel, gate, [&kernel](std::uint16_t base) { return RawPort::open(kernel, base); }) {}

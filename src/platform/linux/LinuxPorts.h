@@ -2,12 +2,16 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "platform/Platform.h"
 #include "platform/linux/PortTable.h"
 
 namespace tessarine {
+
+// Takes a sentence for the operator about a way out that works.
+using Notice = std::function<void(const std::string&)>;
 
 // The driver way: ppdev on the parallel port that has the address, else raw access where that is permitted.
 class LinuxPortDriver : public PortDriver {
@@ -21,6 +25,8 @@ class LinuxPortDriver : public PortDriver {
 
   [[nodiscard]] std::string whyNotOpen() const { return ports_.whyNotOpen(); }
   void leave() noexcept { ports_.leave(); }
+
+  Notice notice;
 
  private:
   PortTable ports_;

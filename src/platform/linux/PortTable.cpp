@@ -7,11 +7,13 @@
 
 #include "platform/Fault.h"
 #include "platform/linux/Advice.h"
+#include "platform/linux/Parport.h"
 
 namespace tessarine {
 namespace {
 
-constexpr double kRetryAfter = 1.0;  // seconds
+constexpr double kRetryAfter = 1.0;      // seconds
+constexpr std::uint8_t kOpenBus = 0xFF;  // what is read where nothing answers
 
 // All base addresses are multiples of 4, so that the last two bits are the register.
 constexpr std::uint16_t kRegisterBits = 3;
@@ -74,6 +76,13 @@ void PortTable::write(std::uint16_t address, std::uint8_t value) {
 
 std::uint8_t PortTable::read(std::uint16_t address) {
   std::uint8_t value = 0;
+  if (static_cast<PortRegister>(address & kRegisterBits) == PortRegister::control) {
+    // The program reads back what it takes for the lines of the board. Some bits of a control register echo
+    // as well.
+    const std::lock_guard<Gate> hold(gate_);
+    wrongAddress_ = advice::controlRegister(address);
+    throw Fault(wrongAddress_);
+  }
   guarded(address, [&](Entry& entry, OpenPort& port, PortRegister place) {
     value = port.read(place);
     if (place != PortRegister::data) return;
@@ -89,7 +98,13 @@ std::string PortTable::whyNotOpen() const {
   for (const Entry& entry : entries_) {
     if (entry.base != lastBase_) continue;
     if (!entry.trouble.empty()) return entry.trouble;
-    if (entry.otherwiseRead) return advice::portSilent(entry.base, *entry.written, *entry.otherwiseRead);
+    if (!entry.otherwiseRead) continue;
+    if (*entry.otherwiseRead != kOpenBus) {
+      return advice::portOtherwise(entry.base, *entry.written, *entry.otherwiseRead);
+    }
+    std::vector<std::uint16_t> known;
+    for (const Parport& port : knownParports(kernel_)) known.push_back(port.base);
+    return advice::portSilent(entry.base, known);
   }
   return {};
 }

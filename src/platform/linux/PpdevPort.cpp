@@ -21,15 +21,17 @@ constexpr std::uint8_t kControlLines = 0x0F;
 
 }  // namespace
 
-std::unique_ptr<PpdevPort> PpdevPort::open(Kernel& kernel, const Parport& port) {
+std::unique_ptr<PpdevPort> PpdevPort::open(Kernel& kernel, const Parport& port,
+                                           const std::function<void()>& shared) {
   std::unique_ptr<PpdevPort> opened(new PpdevPort(kernel, port));  // NOLINT(cppcoreguidelines-owning-memory)
   if (!opened->openNode()) return nullptr;
-  opened->claim();
+  const bool alone = opened->claim();
   // The claim has written the register by now: what stands in it is the driver's own idle state.
   opened->control(PPRCONTROL, &opened->controlAsFound_);
   int outputs = 0;
   opened->control(PPDATADIR, &outputs);
   opened->write(PortRegister::data, 0);
+  if (!alone) shared();
   return opened;
 }
 
@@ -55,9 +57,10 @@ int PpdevPort::claimExclusively() {
   return kernel_.ioctl(descriptor_, PPCLAIM, nullptr);
 }
 
-void PpdevPort::claim() {
+bool PpdevPort::claim() {
   int result = claimExclusively();
-  if (result == -ENXIO) {
+  const bool alone = result != -ENXIO;
+  if (!alone) {
     // Registered is not yet busy: the printer driver is so at all times. The wish to be alone clings to the
     // descriptor, so a fresh one asks again, and only while nobody is active.
     const std::string holder = holderOf(kernel_, port_);
@@ -69,6 +72,7 @@ void PpdevPort::claim() {
   }
   if (result < 0) throw Fault(advice::portFailed(port_.base, errorName(result)));
   claimed_ = true;
+  return alone;
 }
 
 void PpdevPort::closeNode() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <utility>
 
@@ -15,7 +16,9 @@ class PpdevPort : public OpenPort {
  public:
   // Claims the port without ever waiting for it, with its lines low. Nothing when it has no device node
   // (ppdev is not loaded); a Fault when it is busy or not permitted.
-  [[nodiscard]] static std::unique_ptr<PpdevPort> open(Kernel& kernel, const Parport& port);
+  // `shared` is called when the port could not be had alone.
+  [[nodiscard]] static std::unique_ptr<PpdevPort> open(Kernel& kernel, const Parport& port,
+                                                       const std::function<void()>& shared);
 
   ~PpdevPort() override;
   PpdevPort(const PpdevPort&) = delete;
@@ -30,7 +33,7 @@ class PpdevPort : public OpenPort {
 
   [[nodiscard]] bool openNode();
   [[nodiscard]] int claimExclusively();
-  void claim();
+  [[nodiscard]] bool claim();  // false: it could not be had alone
   void closeNode();
   void control(unsigned long request, void* argument);
 

@@ -55,6 +55,7 @@ bool mayBeParallelPort(const std::string& owner) {
 }  // namespace
 
 std::unique_ptr<RawPort> RawPort::open(Kernel& kernel, std::uint16_t base) {
+  if (!kExists) throw Fault(advice::noPortInstructions(base));
   int error = 0;
   if (auto port = openIfLetIn(kernel, base, error)) return port;
   if (error != -EPERM && error != -EACCES) throw Fault(advice::portFailed(base, errorName(error)));
@@ -83,8 +84,12 @@ RawPort::~RawPort() {
 }
 
 int RawPort::letIn() {
-  descriptor_ = kernel_.open("/dev/port", O_RDWR);
-  return descriptor_ >= 0 ? 0 : kernel_.ioperm(base_, kRegisters);
+  if constexpr (kExists) {
+    descriptor_ = kernel_.open("/dev/port", O_RDWR);
+    return descriptor_ >= 0 ? 0 : kernel_.ioperm(base_, kRegisters);
+  } else {
+    return -ENOSYS;
+  }
 }
 
 std::uint16_t RawPort::address(PortRegister place) const {

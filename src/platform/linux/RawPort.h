@@ -11,6 +11,14 @@ namespace tessarine {
 
 class RawPort : public OpenPort {
  public:
+  // Where the processor has no port instructions, /dev/port reads addresses that nothing is mapped to, and
+  // stops the kernel: there is no raw access then, and nothing here for it.
+#if defined(__x86_64__) || defined(__i386__)
+  static constexpr bool kExists = true;
+#else
+  static constexpr bool kExists = false;
+#endif
+
   // A Fault when the address belongs to something else, the port is busy, or raw access is not permitted or
   // is forbidden.
   [[nodiscard]] static std::unique_ptr<RawPort> open(Kernel& kernel, std::uint16_t base);
