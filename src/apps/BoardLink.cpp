@@ -47,9 +47,7 @@ class HostLink : public BoardLink {
   Platform& platform() override { return platform_; }
   board::EvaluationBoard& board() override { return board_; }
   void listen() override { tap_.listen(&board_); }
-  void onNotice(std::function<void(const std::string&)> tell) override {
-    host_.driver.notice = std::move(tell);
-  }
+  void onNotice(std::function<void(const std::string&)> tell) override { host_.notice = std::move(tell); }
   std::string whyNotOpen() const override { return host_.whyNotOpen(); }
 
  private:

@@ -49,7 +49,7 @@ TEST_F(Parallel, PpdevIsClaimedAloneSetToRestAndRestored) {
 
 TEST_F(Parallel, APortThatOthersSignedUpForIsTakenOnlyWhileNobodyHasIt) {
   std::string told;
-  host.driver.notice = [&told](const std::string& text) { told += text; };
+  host.notice = [&told](const std::string& text) { told += text; };
   kernel.addPort(kData, "parport0");
   kernel.othersRegistered = true;
   write(kData, 1);

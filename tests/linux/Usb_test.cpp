@@ -11,6 +11,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -26,9 +27,10 @@ namespace tessarine {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::EndsWith;
 using ::testing::StartsWith;
 
-// A module with two channels. Calls are recorded as texts, the levels of channel B one by one.
+// A module. Calls are recorded as texts, the levels of the outputs one by one.
 struct FakeModule : FtdiLibrary {
   std::unique_ptr<FtdiChannel> channel(char name) override { return std::make_unique<Channel>(*this, name); }
 
@@ -36,7 +38,6 @@ struct FakeModule : FtdiLibrary {
 
   std::vector<std::string> calls;
   std::vector<std::uint8_t> levels;
-  int product = 0x6010;
   int openResult = 0;
   bool unplugged = false;
   int transfersLeft = 1 << 20;  // until it is unplugged
@@ -47,9 +48,9 @@ struct FakeModule : FtdiLibrary {
   class Channel : public FtdiChannel {
    public:
     Channel(FakeModule& module, char name) : module_(module), name_(1, name) {}
-    int open(int vendor, int product, int) override {
-      if (module_.unplugged || vendor != 0x0403 || product != module_.product) return kFtdiNotFound;
-      return record(" open", module_.openResult);
+    int open(int bus, int device) override {
+      if (module_.unplugged) return kFtdiNotFound;
+      return record(" open " + std::to_string(bus) + " " + std::to_string(device), module_.openResult);
     }
     void close() override { record(" close", 0); }
     int setOutputs(std::uint8_t outputs) override { return record(" outputs " + hexByte(outputs), 0); }
@@ -80,6 +81,17 @@ struct FakeModule : FtdiLibrary {
 constexpr const char* kNode = "/dev/bus/usb/001/004";
 constexpr const char* kDriver = "/sys/bus/usb/devices/1-2:1.1/driver";
 struct Usb : ::testing::Test {
+  Usb() {
+    kernel.files = {{"/sys/bus/usb/devices/1-1/idVendor", "1d6b\n"}};
+    plug("1-2", "6010", "4");
+  }
+  void plug(const std::string& place, const std::string& product, const std::string& device) {
+    const std::string folder = "/sys/bus/usb/devices/" + place;
+    kernel.files[folder + "/idVendor"] = "0403\n";
+    kernel.files[folder + "/idProduct"] = product + "\n";
+    kernel.files[folder + "/busnum"] = place.substr(0, 1) + "\n";
+    kernel.files[folder + "/devnum"] = device + "\n";
+  }
   void shift(std::string_view word) { host.usb.UsbShiftWord("B3", "B2", "B1", "B0", 0, word); }
   std::string shiftFault() {
     return faultOf([&] { shift("1"); });
@@ -92,8 +104,8 @@ struct Usb : ::testing::Test {
 
 TEST_F(Usb, OpeningDrivesChannelBLowAndLeavesChannelAInput) {
   host.usb.UsbOpen(0);
-  EXPECT_THAT(module.taken(), ElementsAre("B open", "B outputs FF", "B rate 62500", "B write 1", "A open",
-                                          "A outputs 00", "A rate 62500"));
+  EXPECT_THAT(module.taken(), ElementsAre("B open 1 4", "B outputs FF", "B rate 62500", "B write 1",
+                                          "A open 1 4", "A outputs 00", "A rate 62500"));
   EXPECT_THAT(module.levels, ElementsAre(0));
   host.usb.UsbWritePort("B", 0x0A);
   EXPECT_EQ(host.usb.UsbReadPort("B"), 0x0A);
@@ -110,18 +122,51 @@ TEST_F(Usb, OpeningDrivesChannelBLowAndLeavesChannelAInput) {
 }
 
 TEST_F(Usb, AWordIsOneTransferStepByStepOnEitherModule) {
-  for (const int product : {0x6010, 0x6011}) {
-    module.product = product;
+  for (const char* const product : {"6010", "6011", "6014"}) {
+    plug("1-2", product, "4");
     host.usb.UsbOpen(0);
     (void)module.taken();
     module.levels.clear();
     shift("100");  // the last character first
-    EXPECT_THAT(module.taken(), ElementsAre("B write 13"));
+    EXPECT_THAT(module.taken(), ElementsAre(EndsWith("write 13")));
     EXPECT_THAT(module.levels, ElementsAre(0, 0, 8, 0, 0, 8, 0, 4, 12, 4, 0, 2, 0));
     module.levels.clear();
     shift("");
     EXPECT_THAT(module.levels, ElementsAre(0, 0, 2, 0));
   }
+}
+
+TEST_F(Usb, TheOneChannelOfASinglePortModuleServesBothPorts) {
+  plug("1-2", "6014", "4");
+  host.usb.UsbOpen(0);
+  EXPECT_THAT(module.taken(), ElementsAre("A open 1 4", "A outputs 0F", "A rate 62500", "A write 1"));
+  shift("1");
+  EXPECT_THAT(module.levels, ElementsAre(0, 0, 4, 12, 4, 0, 2, 0));
+  for (const auto& [pins, lock, portB] : {std::tuple{0x80, 1, 0}, {0x7A, 0, 0x0A}}) {
+    module.pinsA = static_cast<std::uint8_t>(pins);
+    EXPECT_EQ(host.usb.UsbReadPin("A3"), lock);
+    EXPECT_EQ(host.usb.UsbReadPort("A"), 8 * lock);
+    EXPECT_EQ(host.usb.UsbReadPort("B"), portB);
+  }
+  (void)module.taken();
+  host.usb.UsbClose();
+  EXPECT_THAT(module.taken(), ElementsAre("A write 1", "A outputs 0D", "A outputs 00", "A close"));
+}
+
+TEST_F(Usb, OfSeveralModulesTheFirstInBusOrderIsUsedAndTheOperatorTold) {
+  std::vector<std::string> notes;
+  host.notice = [&](const std::string& sentence) { notes.push_back(sentence); };
+  kernel.files.erase("/sys/bus/usb/devices/1-2/idVendor");
+  plug("1-10", "6010", "3");
+  host.usb.UsbOpen(0);
+  EXPECT_EQ(module.taken().front(), "B open 1 3");
+  EXPECT_TRUE(notes.empty());
+  plug("1-2.1", "6014", "7");
+  for (int i = 0; i < 2; ++i) host.usb.UsbOpen(0);
+  EXPECT_EQ(module.calls.back(), "A write 1");
+  EXPECT_THAT(
+      notes, ElementsAre("2 USB modules are plugged in: the first in bus order is used, the FT232H at 1-2.1. "
+                         "To see where each is, type: lsusb -t"));
 }
 
 // The wave as the chip takes it: its bits at the rising clock edge, its latch at the rising load enable,
@@ -156,7 +201,8 @@ TEST_F(Usb, EachObstacleIsNamedWithTheLineToType) {
     int node = 0;             // what opening it gives
     const char* driver = "";  // that has the channel
   } const obstacles[] = {
-      {"The USB module is missing: no FT2232H-class module ", kFtdiNotFound, true},
+      {"The USB module is missing: no FT2232H, FT4232H or FT232H ", 0, true},
+      {"The USB module is missing: no FT2232H, FT4232H or FT232H ", kFtdiNotFound},  // since a moment
       {"No permission for the USB module /dev/bus/usb/001/004. Type, ", kFtdiNotOpened, false, -EACCES},
       {"Channel B of the USB module is busy: another program holds it. ", kFtdiNotOpened, false, 0,
        "../../../../bus/usb/drivers/usbfs"},
@@ -167,19 +213,15 @@ TEST_F(Usb, EachObstacleIsNamedWithTheLineToType) {
   };
   for (const auto& obstacle : obstacles) {
     SCOPED_TRACE(obstacle.sentence);
-    const std::string folder = "/sys/bus/usb/devices/1-2/";
-    kernel.files = {{"/sys/bus/usb/devices/1-1/idVendor", "1d6b\n"},
-                    {folder + "idVendor", obstacle.missing ? "1d6b\n" : "0403\n"},
-                    {folder + "idProduct", "6010\n"},
-                    {folder + "busnum", "1\n"},
-                    {folder + "devnum", "4\n"},
-                    {kDriver, obstacle.driver}};
+    plug("1-2", obstacle.missing ? "6001" : "6010", "4");
+    kernel.files[kDriver] = obstacle.driver;
     kernel.nodes[kNode] = obstacle.node;
     module.openResult = obstacle.openResult;
     const std::string told = faultOf([&] { host.usb.UsbOpen(0); });
     EXPECT_THAT(told, StartsWith(obstacle.sentence));
     EXPECT_TRUE(isInTheManual(told)) << told;
     EXPECT_EQ(shiftFault(), told);
+    plug("1-2", "6010", "4");
     module.openResult = 0;
     EXPECT_EQ(shiftFault(), "no fault") << "set right: the next command opens it";
     host.usb.UsbClose();
@@ -196,13 +238,13 @@ TEST_F(Usb, UnpluggingAndAShortTransferAreFaultsAndTheNextCommandOpensAnew) {
   (void)module.taken();
   shift("11");
   EXPECT_THAT(module.taken(),
-              ElementsAre("B open", "B outputs FF", "B rate 62500", "B write 1", "B write 10"));
+              ElementsAre("B open 1 4", "B outputs FF", "B rate 62500", "B write 1", "B write 10"));
   module.takes = 5;
   EXPECT_EQ(shiftFault(), "The USB module took only 5 of 7 bytes. The next command opens it anew");
   module.takes = 100;
   (void)module.taken();
   shift("1");
-  EXPECT_EQ(module.taken().front(), "B open");
+  EXPECT_EQ(module.taken().front(), "B open 1 4");
   module.unplugged = true;
   EXPECT_NE(faultOf([&] { host.usb.UsbReadPin("A3"); }), "no fault");
   EXPECT_NE(faultOf([&] { host.usb.UsbWritePort("B", 0); }), "no fault");

@@ -129,8 +129,14 @@ std::string noPortInstructions(std::uint16_t base) {
 }
 
 std::string moduleMissing() {
-  return "The USB module is missing: no FT2232H-class module (0403:6010 or 0403:6011) is plugged in. To see "
-         "what is, type: lsusb -d 0403:";
+  return "The USB module is missing: no FT2232H, FT4232H or FT232H (0403:6010, 0403:6011 or 0403:6014) is "
+         "plugged "
+         "in. To see what is, type: lsusb -d 0403:";
+}
+
+std::string moduleAmongSeveral(std::size_t count, std::string_view kind, std::string_view place) {
+  return joined({std::to_string(count), " USB modules are plugged in: the first in bus order is used, the ",
+                 kind, " at ", place, ". To see where each is, type: lsusb -t"});
 }
 
 std::string moduleNotPermitted(std::string_view node) {

@@ -33,6 +33,8 @@ namespace tessarine::advice {
 
 // The USB module.
 [[nodiscard]] std::string moduleMissing();
+[[nodiscard]] std::string moduleAmongSeveral(std::size_t count, std::string_view kind,
+                                             std::string_view place);
 [[nodiscard]] std::string moduleNotPermitted(std::string_view node);
 [[nodiscard]] std::string moduleBusy(char channel, std::string_view node, std::string_view kernelDriver);
 [[nodiscard]] std::string moduleFailed(std::string_view why);

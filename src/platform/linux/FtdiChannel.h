@@ -12,8 +12,8 @@ namespace tessarine {
 class FtdiChannel {
  public:
   virtual ~FtdiChannel() = default;
-  // The module number `index` with these identifiers. Takes the channel from the kernel's serial driver.
-  virtual int open(int vendor, int product, int index) = 0;
+  // On the module that is this device of this bus. Takes the channel from the kernel's serial driver.
+  virtual int open(int bus, int device) = 0;
   virtual void close() = 0;
   // Bit-bang: the pins of `outputs` are driven, the others are inputs.
   virtual int setOutputs(std::uint8_t outputs) = 0;

@@ -29,9 +29,9 @@ class LibFtdiChannel : public FtdiChannel {
   LibFtdiChannel(const LibFtdiChannel&) = delete;
   LibFtdiChannel& operator=(const LibFtdiChannel&) = delete;
 
-  int open(int vendor, int product, int index) override {
-    return ftdi_usb_open_desc_index(context_, vendor, product, nullptr, nullptr,
-                                    static_cast<unsigned>(index));
+  int open(int bus, int device) override {
+    return ftdi_usb_open_bus_addr(context_, static_cast<std::uint8_t>(bus),
+                                  static_cast<std::uint8_t>(device));
   }
   void close() override { ftdi_usb_close(context_); }
   int setOutputs(std::uint8_t outputs) override {

@@ -12,7 +12,10 @@ LinuxPlatform::LinuxPlatform(LinuxClock::Bell bell)
     : LinuxPlatform(systemKernel_, libFtdi_, std::move(bell)) {}
 
 LinuxPlatform::LinuxPlatform(Kernel& kernel, FtdiLibrary& ftdi, LinuxClock::Bell bell)
-    : driver(kernel, gate_), library(kernel, gate_), usb(ftdi, kernel, gate_), clock(std::move(bell)) {
+    : driver(kernel, gate_, driverWay(kernel, [this](const std::string& sentence) { tellOnce(sentence); })),
+      library(kernel, gate_, rawWay(kernel)),
+      usb(ftdi, kernel, gate_, [this](const std::string& sentence) { tellOnce(sentence); }),
+      clock(std::move(bell)) {
   // Waits of this thread end on time, not up to 50 microseconds late to save the computer a wake-up: a load
   // has many short ones.
   ::prctl(PR_SET_TIMERSLACK, 1);
@@ -23,6 +26,10 @@ LinuxPlatform::~LinuxPlatform() { leave(); }
 std::string LinuxPlatform::whyNotOpen() const {
   const std::string reason = driver.whyNotOpen();
   return reason.empty() ? library.whyNotOpen() : reason;
+}
+
+void LinuxPlatform::tellOnce(const std::string& sentence) {
+  if (notice && told_.insert(sentence).second) notice(sentence);
 }
 
 void LinuxPlatform::leave() noexcept {

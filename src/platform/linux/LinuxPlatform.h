@@ -1,6 +1,7 @@
 // Everything of this host in one object, and its orderly end.
 #pragma once
 
+#include <set>
 #include <string>
 
 #include "platform/Platform.h"
@@ -9,6 +10,7 @@
 #include "platform/linux/LinuxClock.h"
 #include "platform/linux/LinuxHost.h"
 #include "platform/linux/LinuxPorts.h"
+#include "platform/linux/Notice.h"
 #include "platform/linux/UsbModule.h"
 
 namespace tessarine {
@@ -28,6 +30,9 @@ class LinuxPlatform {
   // write names the address alone, so a face shows this beside it.
   [[nodiscard]] std::string whyNotOpen() const;
 
+  // Takes what the operator should know though nothing failed, each sentence once.
+  Notice notice;
+
   // Parallel lines low and control registers as they were found, the module's pins inputs, everything closed.
   // A later operation opens anew.
   void leave() noexcept;
@@ -39,15 +44,17 @@ class LinuxPlatform {
   SystemKernel systemKernel_;
   LibFtdi libFtdi_;
   mutable Gate gate_;
+  std::set<std::string> told_;
 
  public:
-  LinuxPortDriver driver;
-  LinuxPortLibrary library;
+  LinuxPort driver;
+  LinuxPort library;
   UsbModule usb;
   LinuxHost host;
   LinuxClock clock;
 
  private:
+  void tellOnce(const std::string& sentence);
   void leaveAll() noexcept;
 };
 

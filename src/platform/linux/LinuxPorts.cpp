@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/Fault.h"
@@ -27,9 +28,7 @@ std::string whyNoParport(Kernel& kernel, std::uint16_t base) {
 std::unique_ptr<OpenPort> openByDriver(Kernel& kernel, std::uint16_t base, const Notice& notice) {
   const auto known = parportAt(kernel, base);
   if (known) {
-    const auto shared = [&] {
-      if (notice) notice(advice::portShared(base));
-    };
+    const auto shared = [&] { notice(advice::portShared(base)); };
     if (auto port = PpdevPort::open(kernel, *known, shared)) return port;
   }
   if (!RawPort::kExists) throw Fault(known ? advice::ppdevMissing(base) : advice::noPortInstructions(base));
@@ -41,11 +40,14 @@ std::unique_ptr<OpenPort> openByDriver(Kernel& kernel, std::uint16_t base, const
 
 }  // namespace
 
-LinuxPortDriver::LinuxPortDriver(Kernel& kernel, Gate& gate)
-    : ports_(kernel, gate,
-             [this, &kernel](std::uint16_t base) { return openByDriver(kernel, base, notice); }) {}
+PortTable::Opener driverWay(Kernel& kernel, Notice notice) {
+  return [&kernel, notice = std::move(notice)](std::uint16_t base) {
+    return openByDriver(kernel, base, notice);
+  };
+}
 
-LinuxPortLibrary::LinuxPortLibrary(Kernel& kernel, Gate& gate)
-    : ports_(kernel, gate, [&kernel](std::uint16_t base) { return RawPort::open(kernel, base); }) {}
+PortTable::Opener rawWay(Kernel& kernel) {
+  return [&kernel](std::uint16_t base) { return RawPort::open(kernel, base); };
+}
 
 }  // namespace tessarine

@@ -1,5 +1,5 @@
-// The USB interface on an FT2232H-class module: port "B" is its channel B, all outputs; port "A" its channel
-// A, all inputs; pin n is bit n.
+// The USB interface on a module. With two or four channels port "B" is channel B, all outputs, and port "A"
+// channel A, all inputs; pin n is bit n. With one, see ModuleKind.
 #pragma once
 
 #include <cstdint>
@@ -11,13 +11,16 @@
 #include "platform/Platform.h"
 #include "platform/linux/FtdiChannel.h"
 #include "platform/linux/Kernel.h"
+#include "platform/linux/Notice.h"
+#include "platform/linux/PluggedModules.h"
 
 namespace tessarine {
 
 class UsbModule : public UsbInterface {
  public:
-  UsbModule(FtdiLibrary& library, Kernel& kernel, Gate& gate)
-      : library_(library), kernel_(kernel), gate_(gate) {}
+  // `notice` takes what the operator should know beside a fault.
+  UsbModule(FtdiLibrary& library, Kernel& kernel, Gate& gate, Notice notice)
+      : library_(library), kernel_(kernel), gate_(gate), notice_(std::move(notice)) {}
 
   // Each opens what it needs, also after the module was unplugged. A Fault says what is in the way; it ends
   // the use of the channel until the next call.
@@ -33,18 +36,21 @@ class UsbModule : public UsbInterface {
   void leave() noexcept;
 
  private:
-  [[nodiscard]] FtdiChannel& opened(char name);
+  void choose();
+  [[nodiscard]] FtdiChannel& opened(char port);
   [[nodiscard]] std::unique_ptr<FtdiChannel>& place(char name) { return name == 'A' ? channelA_ : channelB_; }
   [[nodiscard]] std::string whyNotOpened(char name, int result, const std::string& text);
   void send(std::span<const std::uint8_t> levels);
-  [[nodiscard]] std::uint8_t pinsOf(char name);
-  [[noreturn]] void lost(char name, const std::string& sentence);
+  [[nodiscard]] std::uint8_t pinsOf(char port);
+  [[noreturn]] void lost(const std::string& sentence);
   void rest(char name) noexcept;
 
   FtdiLibrary& library_;
   Kernel& kernel_;
   Gate& gate_;
+  Notice notice_;
   int device_ = 0;
+  PluggedModule module_;          // in use while one of its channels is open
   std::uint8_t loadMask_ = 0x02;  // B1, until a word names another
   std::unique_ptr<FtdiChannel> channelA_;
   std::unique_ptr<FtdiChannel> channelB_;
