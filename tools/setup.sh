@@ -40,13 +40,17 @@ need() {
     "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get install "${options[@]}" "${missing[@]}" >&2 </dev/null
 }
 
+launchWithCcache() {
+  if command -v ccache >/dev/null; then
+    export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1
+  fi
+}
+
 # Builds targets of a preset; the build's own words go to standard error.
 build() {
   local preset=$1
   shift
-  if command -v ccache >/dev/null; then
-    export CMAKE_CXX_COMPILER_LAUNCHER=ccache CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1
-  fi
+  launchWithCcache
   (
     cd "$root" || exit 1
     # A target that this build does not have yet, for want of a package then, is there after a new configuration.
