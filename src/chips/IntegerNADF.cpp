@@ -7,6 +7,7 @@
 #include "engine/Numbers.h"
 #include "engine/PLL.h"
 #include "engine/Rounding.h"
+#include "platform/Fault.h"
 #include "platform/Platform.h"
 
 namespace tessarine {
