@@ -1,6 +1,7 @@
 #include "script/Interpreter.h"
 
 #include <initializer_list>
+#include <span>
 #include <stdexcept>
 #include <utility>
 #include <vector>
@@ -53,7 +54,7 @@ void nothingMore(std::string_view rest) {
   if (!trimmedBlanks(rest).empty()) throw Malformed{};
 }
 
-std::string items(const Control& control) {
+std::string itemsOf(const Control& control) {
   const auto* const list = dynamic_cast<const forms::ListControl*>(&control);
   if (!list) throw Refused(control.name() + " is no list");
   std::string text;
@@ -168,174 +169,181 @@ Control& Interpreter::only(std::string_view rest) const {
 }
 
 // ------------------------------------------------------------------------------------------------ The
-// commands
+// commands. Each looks its words up when the line is read, and is carried out later.
 
-struct Interpreter::Verb {
-  std::string_view word;
-  std::string_view usage;
-  Action (Interpreter::*prepare)(std::string_view rest, int number);
-  bool operatorsOwn = false;  // what the operator does between actions: it has no place behind "at"
+struct Interpreter::Commands {
+  struct Command {
+    std::string_view word;
+    std::string_view usage;
+    Action (*prepare)(Interpreter& script, std::string_view rest, int number);
+    bool operatorsOwn = false;  // what the operator does between actions: it has no place behind "at"
+  };
+  static std::span<const Command> all();
+
+  static Action click(Interpreter& script, std::string_view rest, int /*number*/) {
+    return [&script, &target = script.only(rest)] { orRefuse(script.bench_.door.click(target)); };
+  }
+
+  static Action doubleClick(Interpreter& script, std::string_view rest, int /*number*/) {
+    return [&script, &target = script.only(rest)] { orRefuse(script.bench_.door.doubleClick(target)); };
+  }
+
+  static Action close(Interpreter& script, std::string_view rest, int /*number*/) {
+    const auto names = words(rest);
+    if (names.size() != 1) throw Malformed{};
+    Form* const target = script.form(names.front());
+    if (!target) throw Refused("there is no window " + inQuotes(names.front()));
+    return [&script, target] { orRefuse(script.bench_.door.close(*target)); };
+  }
+
+  static Action pick(Interpreter& script, std::string_view rest, int /*number*/) {
+    const std::string_view caption = unquoted(trimmedBlanks(rest));
+    if (caption.empty()) throw Malformed{};
+    return [&script, &entry = script.model(caption)] { orRefuse(script.bench_.door.click(entry)); };
+  }
+
+  static Action set(Interpreter& script, std::string_view rest, int /*number*/) {
+    const std::string_view name = takeWord(rest);
+    if (name.empty()) throw Malformed{};
+    return [&script, &target = script.control(name), value = std::string(unquoted(rest))] {
+      orRefuse(script.bench_.door.set(target, value));
+    };
+  }
+
+  // Prints one line for each control that `rest` names.
+  static Action rows(Interpreter& script, std::string_view rest, std::string (*value)(const Control&)) {
+    std::vector<std::pair<std::string, const Control*>> asked;
+    for (const auto name : words(rest)) asked.emplace_back(name, &script.control(name));
+    if (asked.empty()) throw Malformed{};
+    return [&script, asked, value] {
+      for (const auto& [name, item] : asked) script.print(row({name, value(*item)}));
+    };
+  }
+
+  static Action show(Interpreter& script, std::string_view rest, int /*number*/) {
+    return rows(script, rest, [](const Control& item) { return escaped(item.value()); });
+  }
+
+  static Action visible(Interpreter& script, std::string_view rest, int /*number*/) {
+    return rows(script, rest, [](const Control& item) { return flag(item.isVisible()); });
+  }
+
+  static Action enabled(Interpreter& script, std::string_view rest, int /*number*/) {
+    return rows(script, rest, [](const Control& item) { return flag(item.isEnabled()); });
+  }
+
+  static Action checked(Interpreter& script, std::string_view rest, int /*number*/) {
+    return rows(script, rest, checkMark);
+  }
+
+  static Action items(Interpreter& script, std::string_view rest, int /*number*/) {
+    return rows(script, rest, itemsOf);
+  }
+
+  // The two flags are the control's own, whatever those of its containers.
+  static Action controls(Interpreter& script, std::string_view rest, int /*number*/) {
+    nothingMore(rest);
+    return [&script] {
+      for (const Form* const each : script.bench_.forms.all()) {
+        for (const Control* const item : each->controls()) script.print(controlRow(*item));
+      }
+    };
+  }
+
+  static Action expect(Interpreter& script, std::string_view rest, int number) {
+    const std::string name(takeWord(rest));
+    if (name.empty()) throw Malformed{};
+    return [&script, number, name, &item = script.control(name), wanted = std::string(unquoted(rest))] {
+      const std::string value = item.value();
+      const std::string shown = escaped(value);
+      if (wanted == value || wanted == shown) return;
+      script.report(number, name + " is " + inQuotes(shown) + ", not " + inQuotes(wanted));
+      if (script.status_ == kDone) script.status_ = kExpectFailed;
+    };
+  }
+
+  static Action latches(Interpreter& script, std::string_view rest, int /*number*/) {
+    nothingMore(rest);
+    return [&script] {
+      for (const std::string& bits : script.board().takeLatches()) script.print(row({"latch", bits}));
+    };
+  }
+
+  static Action board(Interpreter& script, std::string_view rest, int /*number*/) {
+    const auto asked = words(rest);
+    if (asked.empty()) return [&script] { script.bench_.out << script.board().describe() << std::flush; };
+    if (asked.size() == 1 && asked.front() == "history") {
+      return [&script] { script.bench_.out << script.board().history() << std::flush; };
+    }
+    if (asked.size() == 2 && asked.front() == "fault") {
+      return [&script, name = std::string(asked.back())] { orRefuse(script.board().fault(name)); };
+    }
+    throw Malformed{};
+  }
+
+  static Action time(Interpreter& script, std::string_view rest, int /*number*/) {
+    nothingMore(rest);
+    return [&script] { script.print(row({"time", millisecondText(script.bench_.screen.now())})); };
+  }
+
+  static Action wait(Interpreter& script, std::string_view rest, int /*number*/) {
+    const std::int64_t span = takeSpan(rest);
+    nothingMore(rest);
+    return [&script, span] { script.bench_.screen.runEventsUntil(script.bench_.screen.now() + span); };
+  }
+
+  static Action at(Interpreter& script, std::string_view rest, int number) {
+    const std::int64_t span = takeSpan(rest);
+    if (trimmedBlanks(rest).empty()) throw Malformed{};
+    std::string_view command = rest;
+    const std::string_view word = takeWord(command);
+    for (const Command& each : all()) {
+      if (each.word == word && each.operatorsOwn) throw Refused(inQuotes(word) + " has no place behind at");
+    }
+    return [&script, number, span, action = script.prepare(rest, number)] {
+      script.waiting_.insert(number);
+      script.bench_.screen.at(script.bench_.screen.now() + span, [&script, number, action] {
+        script.waiting_.erase(number);
+        script.perform(action, number);
+      });
+    };
+  }
 };
 
-const Interpreter::Verb Interpreter::kVerbs[] = {
-    {"pick", "pick CAPTION", &Interpreter::preparePick},
-    {"set", "set CONTROL VALUE", &Interpreter::prepareSet},
-    {"click", "click CONTROL", &Interpreter::prepareClick},
-    {"doubleclick", "doubleclick CONTROL", &Interpreter::prepareDoubleClick},
-    {"close", "close FORM", &Interpreter::prepareClose},
-    {"show", "show CONTROL...", &Interpreter::prepareShow},
-    {"visible", "visible CONTROL...", &Interpreter::prepareVisible},
-    {"enabled", "enabled CONTROL...", &Interpreter::prepareEnabled},
-    {"checked", "checked ENTRY...", &Interpreter::prepareChecked},
-    {"items", "items CONTROL...", &Interpreter::prepareItems},
-    {"controls", "controls", &Interpreter::prepareControls},
-    {"expect", "expect CONTROL VALUE", &Interpreter::prepareExpect},
-    {"latches", "latches", &Interpreter::prepareLatches},
-    {"board", "board, board history, or board fault NAME", &Interpreter::prepareBoard},
-    {"time", "time", &Interpreter::prepareTime},
-    {"wait", "wait MS", &Interpreter::prepareWait, true},
-    {"at", "at MS COMMAND", &Interpreter::prepareAt, true},
-};
+std::span<const Interpreter::Commands::Command> Interpreter::Commands::all() {
+  static constexpr Command kCommands[] = {
+      {"pick", "pick CAPTION", pick},
+      {"set", "set CONTROL VALUE", set},
+      {"click", "click CONTROL", click},
+      {"doubleclick", "doubleclick CONTROL", doubleClick},
+      {"close", "close FORM", close},
+      {"show", "show CONTROL...", show},
+      {"visible", "visible CONTROL...", visible},
+      {"enabled", "enabled CONTROL...", enabled},
+      {"checked", "checked ENTRY...", checked},
+      {"items", "items CONTROL...", items},
+      {"controls", "controls", controls},
+      {"expect", "expect CONTROL VALUE", expect},
+      {"latches", "latches", latches},
+      {"board", "board, board history, or board fault NAME", board},
+      {"time", "time", time},
+      {"wait", "wait MS", wait, true},
+      {"at", "at MS COMMAND", at, true},
+  };
+  return kCommands;
+}
 
 Interpreter::Action Interpreter::prepare(std::string_view line, int number) {
   const std::string_view word = takeWord(line);
-  for (const Verb& verb : kVerbs) {
-    if (verb.word != word) continue;
+  for (const Commands::Command& each : Commands::all()) {
+    if (each.word != word) continue;
     try {
-      return (this->*verb.prepare)(line, number);
+      return each.prepare(*this, line, number);
     } catch (const Malformed&) {
-      throw Refused("the command is: " + std::string(verb.usage));
+      throw Refused("the command is: " + std::string(each.usage));
     }
   }
   throw Refused("there is no command " + inQuotes(word));
-}
-
-Interpreter::Action Interpreter::prepareClick(std::string_view rest, int /*number*/) {
-  return [this, &target = only(rest)] { orRefuse(bench_.door.click(target)); };
-}
-
-Interpreter::Action Interpreter::prepareDoubleClick(std::string_view rest, int /*number*/) {
-  return [this, &target = only(rest)] { orRefuse(bench_.door.doubleClick(target)); };
-}
-
-Interpreter::Action Interpreter::prepareClose(std::string_view rest, int /*number*/) {
-  const auto names = words(rest);
-  if (names.size() != 1) throw Malformed{};
-  Form* const target = form(names.front());
-  if (!target) throw Refused("there is no window " + inQuotes(names.front()));
-  return [this, target] { orRefuse(bench_.door.close(*target)); };
-}
-
-Interpreter::Action Interpreter::preparePick(std::string_view rest, int /*number*/) {
-  const std::string_view caption = unquoted(trimmedBlanks(rest));
-  if (caption.empty()) throw Malformed{};
-  return [this, &entry = model(caption)] { orRefuse(bench_.door.click(entry)); };
-}
-
-Interpreter::Action Interpreter::prepareSet(std::string_view rest, int /*number*/) {
-  const std::string_view name = takeWord(rest);
-  if (name.empty()) throw Malformed{};
-  return [this, &target = control(name), value = std::string(unquoted(rest))] {
-    orRefuse(bench_.door.set(target, value));
-  };
-}
-
-Interpreter::Action Interpreter::prepareRows(std::string_view rest, std::string (*value)(const Control&)) {
-  std::vector<std::pair<std::string, const Control*>> asked;
-  for (const auto name : words(rest)) asked.emplace_back(name, &control(name));
-  if (asked.empty()) throw Malformed{};
-  return [this, asked, value] {
-    for (const auto& [name, item] : asked) print(row({name, value(*item)}));
-  };
-}
-
-Interpreter::Action Interpreter::prepareShow(std::string_view rest, int /*number*/) {
-  return prepareRows(rest, [](const Control& item) { return escaped(item.value()); });
-}
-
-Interpreter::Action Interpreter::prepareVisible(std::string_view rest, int /*number*/) {
-  return prepareRows(rest, [](const Control& item) { return flag(item.isVisible()); });
-}
-
-Interpreter::Action Interpreter::prepareEnabled(std::string_view rest, int /*number*/) {
-  return prepareRows(rest, [](const Control& item) { return flag(item.isEnabled()); });
-}
-
-Interpreter::Action Interpreter::prepareChecked(std::string_view rest, int /*number*/) {
-  return prepareRows(rest, checkMark);
-}
-
-Interpreter::Action Interpreter::prepareItems(std::string_view rest, int /*number*/) {
-  return prepareRows(rest, items);
-}
-
-// The two flags are the control's own, whatever those of its containers.
-Interpreter::Action Interpreter::prepareControls(std::string_view rest, int /*number*/) {
-  nothingMore(rest);
-  return [this] {
-    for (const Form* const each : bench_.forms.all()) {
-      for (const Control* const item : each->controls()) print(controlRow(*item));
-    }
-  };
-}
-
-Interpreter::Action Interpreter::prepareExpect(std::string_view rest, int number) {
-  const std::string name(takeWord(rest));
-  if (name.empty()) throw Malformed{};
-  return [this, number, name, &item = control(name), wanted = std::string(unquoted(rest))] {
-    const std::string value = item.value();
-    const std::string shown = escaped(value);
-    if (wanted == value || wanted == shown) return;
-    report(number, name + " is " + inQuotes(shown) + ", not " + inQuotes(wanted));
-    if (status_ == kDone) status_ = kExpectFailed;
-  };
-}
-
-Interpreter::Action Interpreter::prepareLatches(std::string_view rest, int /*number*/) {
-  nothingMore(rest);
-  return [this] {
-    for (const std::string& bits : board().takeLatches()) print(row({"latch", bits}));
-  };
-}
-
-Interpreter::Action Interpreter::prepareBoard(std::string_view rest, int /*number*/) {
-  const auto asked = words(rest);
-  if (asked.empty()) return [this] { bench_.out << board().describe() << std::flush; };
-  if (asked.size() == 1 && asked.front() == "history") {
-    return [this] { bench_.out << board().history() << std::flush; };
-  }
-  if (asked.size() == 2 && asked.front() == "fault") {
-    return [this, name = std::string(asked.back())] { orRefuse(board().fault(name)); };
-  }
-  throw Malformed{};
-}
-
-Interpreter::Action Interpreter::prepareTime(std::string_view rest, int /*number*/) {
-  nothingMore(rest);
-  return [this] { print(row({"time", millisecondText(bench_.screen.now())})); };
-}
-
-Interpreter::Action Interpreter::prepareWait(std::string_view rest, int /*number*/) {
-  const std::int64_t span = takeSpan(rest);
-  nothingMore(rest);
-  return [this, span] { bench_.screen.runEventsUntil(bench_.screen.now() + span); };
-}
-
-Interpreter::Action Interpreter::prepareAt(std::string_view rest, int number) {
-  const std::int64_t span = takeSpan(rest);
-  if (trimmedBlanks(rest).empty()) throw Malformed{};
-  std::string_view command = rest;
-  const std::string_view word = takeWord(command);
-  for (const Verb& verb : kVerbs) {
-    if (verb.word == word && verb.operatorsOwn) throw Refused(inQuotes(word) + " has no place behind at");
-  }
-  return [this, number, span, action = prepare(rest, number)] {
-    waiting_.insert(number);
-    bench_.screen.at(bench_.screen.now() + span, [this, number, action] {
-      waiting_.erase(number);
-      perform(action, number);
-    });
-  };
 }
 
 }  // namespace tessarine::script

@@ -44,30 +44,9 @@ class Interpreter {
  private:
   // A line that is read and looked up, ready to be carried out. Throws Refused.
   using Action = std::function<void()>;
-  struct Verb;
-  static const Verb kVerbs[];
+  struct Commands;  // one function a command
 
   [[nodiscard]] Action prepare(std::string_view line, int number);
-  [[nodiscard]] Action prepareClick(std::string_view rest, int number);
-  [[nodiscard]] Action prepareDoubleClick(std::string_view rest, int number);
-  [[nodiscard]] Action prepareClose(std::string_view rest, int number);
-  [[nodiscard]] Action preparePick(std::string_view rest, int number);
-  [[nodiscard]] Action prepareSet(std::string_view rest, int number);
-  [[nodiscard]] Action prepareShow(std::string_view rest, int number);
-  [[nodiscard]] Action prepareVisible(std::string_view rest, int number);
-  [[nodiscard]] Action prepareEnabled(std::string_view rest, int number);
-  [[nodiscard]] Action prepareChecked(std::string_view rest, int number);
-  [[nodiscard]] Action prepareItems(std::string_view rest, int number);
-  [[nodiscard]] Action prepareControls(std::string_view rest, int number);
-  [[nodiscard]] Action prepareExpect(std::string_view rest, int number);
-  [[nodiscard]] Action prepareLatches(std::string_view rest, int number);
-  [[nodiscard]] Action prepareBoard(std::string_view rest, int number);
-  [[nodiscard]] Action prepareTime(std::string_view rest, int number);
-  [[nodiscard]] Action prepareWait(std::string_view rest, int number);
-  [[nodiscard]] Action prepareAt(std::string_view rest, int number);
-  // Prints one line for each control that `rest` names.
-  [[nodiscard]] Action prepareRows(std::string_view rest, std::string (*value)(const forms::Control&));
-
   void perform(const Action& action, int number);
   void performLine(const Line& line);
   void operateModal(forms::Form& form);
@@ -80,7 +59,6 @@ class Interpreter {
   [[nodiscard]] forms::Form* form(std::string_view name) const;
   [[nodiscard]] forms::Control& only(std::string_view rest) const;  // the one control that `rest` names
   [[nodiscard]] forms::Control& model(std::string_view caption) const;
-  void printControls();
   [[nodiscard]] BoardProbe& board() const;
 
   Bench bench_;
