@@ -4,6 +4,7 @@
 
 #include "apps/VirtualHost.h"
 #include "board/WireTap.h"
+#include "platform/linux/GpioPlatform.h"
 #include "platform/linux/LeaveOnSignal.h"
 #include "platform/linux/LinuxClock.h"
 #include "platform/linux/LinuxPlatform.h"
@@ -35,14 +36,18 @@ class VirtualLink : public BoardLink {
 };
 
 // The ways out of this computer, with a board that sees what goes out on them.
+template <class Host>
 class HostLink : public BoardLink {
  public:
-  HostLink(Screen& screen, const TimeOfProgram& time)
-      : host_(bellOf(time)),
+  // `make` makes the host from the bell and from what tells how the board is wired.
+  template <class Make>
+  HostLink(Screen& screen, const TimeOfProgram& time, Make make)
+      : host_(make(bellOf(time), [this] { return socket_.wiring(); })),
         leaving_(host_),
         board_(socket_.bench(time.microseconds)),
-        tap_(host_.driver, host_.library, host_.usb, [this] { return socket_.wiring(); }),
-        platform_{tap_, tap_, tap_, host_.host, host_.clock, screen} {}
+        real_(host_.with(screen)),
+        tap_(real_.driver, real_.library, real_.usb, [this] { return socket_.wiring(); }),
+        platform_{tap_, tap_, tap_, real_.host, real_.clock, screen} {}
 
   Platform& platform() override { return platform_; }
   board::EvaluationBoard& board() override { return board_; }
@@ -51,10 +56,11 @@ class HostLink : public BoardLink {
   std::string whyNotOpen() const override { return host_.whyNotOpen(); }
 
  private:
-  LinuxPlatform host_;
+  Host host_;
   // For what ends the program past its own doing: a signal, or a crash.
   LeaveOnSignal leaving_;
   board::EvaluationBoard board_;
+  Platform real_;
   board::WireTap tap_;
   Platform platform_;
 };
@@ -65,11 +71,16 @@ std::unique_ptr<BoardLink> linkToBoard(const Options& options, Screen& screen, c
   switch (options.board) {
     case BoardKind::virtualBoard:
       return std::make_unique<VirtualLink>(screen, time);
+    case BoardKind::gpio:
+      return std::make_unique<HostLink<GpioPlatform>>(screen, time, [&](auto bell, auto wiring) {
+        return GpioPlatform(
+            options.lines, [wiring] { return wiring().loadEnable; }, std::move(bell));
+      });
     case BoardKind::hardware:
-    case BoardKind::gpio:  // no program starts with it yet
       break;
   }
-  return std::make_unique<HostLink>(screen, time);
+  return std::make_unique<HostLink<LinuxPlatform>>(
+      screen, time, [](auto bell, auto /*wiring*/) { return LinuxPlatform(std::move(bell)); });
 }
 
 }  // namespace tessarine

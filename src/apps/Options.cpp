@@ -9,7 +9,9 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/Fault.h"
 #include "platform/Version.h"
+#include "platform/linux/GpioWires.h"
 
 namespace tessarine {
 namespace {
@@ -24,7 +26,7 @@ struct OptionSpec {
 
 constexpr OptionSpec kOptions[] = {
     {"board", "hardware|virtual|gpio", "the way out to the board"},
-    {"wires", "FILE", "with --board gpio: which lines are which", &Options::wires, false},
+    {"wires", "FILE", "with --board gpio: which lines are which", &Options::wires},
     {"serve", "[HOST:]PORT", "remote control over TCP, on 127.0.0.1 unless a HOST is written",
      &Options::serve, false},
     {"record", "FILE.script", "writes what the operator does as a script", &Options::record, false},
@@ -36,13 +38,12 @@ constexpr OptionSpec kOptions[] = {
 struct BoardName {
   const char* name;
   BoardKind board;
-  bool available = true;
 };
 
 constexpr BoardName kBoards[] = {
     {"hardware", BoardKind::hardware},
     {"virtual", BoardKind::virtualBoard},
-    {"gpio", BoardKind::gpio, false},
+    {"gpio", BoardKind::gpio},
 };
 
 // The toolkit's options, which stand behind one dash or two.
@@ -136,7 +137,6 @@ BoardKind boardNamed(std::string_view name) {
   if (found == std::end(kBoards)) {
     throw Misuse("--board is hardware, virtual or gpio, not " + inQuotes(name));
   }
-  if (!found->available) throw Misuse("--board " + std::string(name) + " is still to come");
   return found->board;
 }
 
@@ -160,6 +160,16 @@ void take(const OptionSpec& spec, std::string_view argument, const ProgramKind& 
     if (argument.empty()) throw Misuse(name + " names no " + spec.argument);
     if (!value.empty()) throw Misuse(name + " stands there twice");
     value = argument;
+  }
+}
+
+void takeWires(Options& options) {
+  if (options.wires.empty()) return;
+  if (options.board != BoardKind::gpio) throw Misuse("--wires goes with --board gpio");
+  try {
+    options.lines = readGpioWires(options.wires);
+  } catch (const Fault& fault) {
+    throw Misuse(fault.what());
   }
 }
 
@@ -194,6 +204,7 @@ Options parsed(const ProgramKind& program, std::vector<char*>& words) {
     take(spec, optarg == nullptr ? "" : optarg, program, options);
   }
   if (!options.done) {
+    takeWires(options);
     takeScript(
         std::span(words).subspan(static_cast<std::size_t>(optind), static_cast<std::size_t>(count - optind)),
         program, options);

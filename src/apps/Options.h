@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/linux/GpioWires.h"
+
 namespace tessarine {
 
 // The way out to the board.
@@ -25,7 +27,8 @@ struct Options {
   std::string serve;
   std::string record;
   std::string trace;
-  std::string script;  // empty: standard input
+  GpioWires lines = usualGpioWires();  // those of `wires`, where it was given
+  std::string script;                  // empty: standard input
   // The exit status of a program that has nothing more to do: --help and --version were answered, or bad
   // usage was told on standard error.
   std::optional<int> done;

@@ -36,7 +36,8 @@ check 'the virtual board by name' 0 "$word" '' "$program" --board virtual tune.s
 check 'a line in a file' 2 '' 'wrong.script:3: there is no control "Nothing"' "$program" wrong.script
 check 'a line of standard input' 2 '' 'stdin:3: there is no control "Nothing"' "$program" <wrong.script
 check 'a file behind two dashes' 0 "$word" '' "$program" --board=virtual -- tune.script
-usages=('--board' '--board paper' '--trace' '--trace=' '--frobnicate' '-x' '--help=1')
+usages=('--board' '--board paper' '--trace' '--trace=' '--frobnicate' '-x' '--help=1'
+  '--wires wrong.script' '--board gpio --wires none' '--board gpio --wires wrong.script')
 for each in "$program" "$@"; do
   check "help of $each" 0 'usage: *' '' "$each" --help
   check "version of $each" 0 "${each##*/} +([0-9]).+([0-9]).+([0-9])" '' "$each" --version

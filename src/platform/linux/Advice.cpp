@@ -2,13 +2,19 @@
 
 #include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstddef>
 #include <initializer_list>
+
+#include "platform/Fault.h"
 
 namespace tessarine::advice {
 namespace {
 
 constexpr std::string_view kLoadModules = "Type: sudo modprobe -a parport_pc ppdev";
+constexpr std::string_view kListLines =
+    "Name another with --wires FILE; to see which there are and who has them, type: "
+    "sudo cat /sys/kernel/debug/gpio";
 
 // As the wiring dialog takes it: hexadecimal without a prefix.
 std::string hex(unsigned value) {
@@ -167,6 +173,57 @@ std::string moduleGone(std::string_view why) {
 std::string moduleShort(std::size_t sent, std::size_t wanted) {
   return joined({"The USB module took only ", std::to_string(sent), " of ", std::to_string(wanted),
                  " bytes. The next command opens it anew"});
+}
+
+std::string gpioMissing() {
+  return "GPIO lines are missing: this computer has no GPIO chip. To see why, type: sudo dmesg | grep gpio";
+}
+
+std::string gpioLineMissing(std::string_view line) {
+  return joined({"GPIO line ", line, " is missing: no chip has a line of that name. ", kListLines});
+}
+
+std::string gpioLineTwice(std::string_view line, std::string_view node, std::string_view other) {
+  if (node == other)
+    return joined({"GPIO line ", line, " is ambiguous: ", node, " has it twice. ", kListLines});
+  return joined({"GPIO line ", line, " is ambiguous: both ", node, " and ", other, " have it. ", kListLines});
+}
+
+std::string gpioLineBusy(std::string_view line, std::string_view holder) {
+  return joined({"GPIO line ", line, " is busy: ", quoted(holder), " holds it. ", kListLines});
+}
+
+std::string gpioLineHeld(std::string_view name, std::string_view role, bool high) {
+  return joined({"GPIO line ", name, " (", role, ") reads ", high ? "1 where 0" : "0 where 1",
+                 " was written: it is shorted, or held by the board"});
+}
+
+std::string gpioNotPermitted(std::string_view node) {
+  return joined({"No permission for the GPIO lines of ", node,
+                 ". Type, in the program's folder: sudo groupadd -f gpio && sudo usermod -aG gpio $USER && "
+                 "sudo cp packaging/60-tessarine.rules /etc/udev/rules.d/ && "
+                 "sudo udevadm control --reload && sudo udevadm trigger (and log in again)"});
+}
+
+std::string gpioTooOld(std::string_view node) {
+  return joined({"The GPIO lines of ", node,
+                 " cannot be used: that takes Linux 5.10 or later. To see which it is, type: uname -r"});
+}
+
+std::string gpioFailed(std::string_view node, std::string_view why) {
+  return joined(
+      {"The GPIO chip ", node, " failed: ", why, ". To see what the kernel says, type: sudo dmesg"});
+}
+
+std::string gpioElsewhere(std::uint16_t base) {
+  return joined({port(base), " is missing: GPIO lines stand in for 378. Enter 378 in Config, Parallel Port"});
+}
+
+std::string gpioSlow(std::string_view node, double seconds) {
+  return joined({"The GPIO lines of ", node, " are slow: a change takes ",
+                 std::to_string(std::lround(seconds * 1e6)),
+                 " microseconds, and a word has some eighty. "
+                 "All works, but a load takes its time"});
 }
 
 }  // namespace tessarine::advice

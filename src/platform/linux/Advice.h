@@ -41,4 +41,17 @@ namespace tessarine::advice {
 [[nodiscard]] std::string moduleGone(std::string_view why);
 [[nodiscard]] std::string moduleShort(std::size_t sent, std::size_t wanted);
 
+// GPIO lines; `line` is a name with its role, "GPIO17 (clock)".
+[[nodiscard]] std::string gpioMissing();
+[[nodiscard]] std::string gpioLineMissing(std::string_view line);
+[[nodiscard]] std::string gpioLineTwice(std::string_view line, std::string_view node, std::string_view other);
+[[nodiscard]] std::string gpioLineBusy(std::string_view line, std::string_view holder);
+[[nodiscard]] std::string gpioLineHeld(std::string_view name, std::string_view role, bool high);
+[[nodiscard]] std::string gpioNotPermitted(std::string_view node);
+[[nodiscard]] std::string gpioTooOld(std::string_view node);
+[[nodiscard]] std::string gpioFailed(std::string_view node, std::string_view why);
+[[nodiscard]] std::string gpioElsewhere(std::uint16_t base);
+// No obstacle, but a patience.
+[[nodiscard]] std::string gpioSlow(std::string_view node, double seconds);
+
 }  // namespace tessarine::advice

@@ -11,8 +11,8 @@
 #include <utility>
 
 #include "platform/Fault.h"
+#include "platform/linux/HostPlatform.h"
 #include "platform/linux/Kernel.h"
-#include "platform/linux/LinuxPlatform.h"
 
 namespace tessarine {
 namespace {
@@ -56,7 +56,7 @@ void handleNoMore(int number, void (*handler)(int)) {
 
 }  // namespace
 
-LeaveOnSignal::LeaveOnSignal(LinuxPlatform& platform)
+LeaveOnSignal::LeaveOnSignal(HostPlatform& platform)
     : LeaveOnSignal([&platform] { platform.leaveForGood(); }) {}
 
 LeaveOnSignal::LeaveOnSignal(std::function<void()> leave) : leave_(std::move(leave)) {

@@ -6,14 +6,14 @@
 
 namespace tessarine {
 
-class LinuxPlatform;
+class HostPlatform;
 
 // From construction on, a signal that would end the program (from the keyboard, from kill, from a closed
 // terminal or pipe, or a crash) first calls `leave` on a thread of its own and then ends the program as that
 // signal does. Signals that are ignored or handled already stay so. One at a time.
 class LeaveOnSignal {
  public:
-  explicit LeaveOnSignal(LinuxPlatform& platform);
+  explicit LeaveOnSignal(HostPlatform& platform);
   explicit LeaveOnSignal(std::function<void()> leave);
   ~LeaveOnSignal();
   LeaveOnSignal(const LeaveOnSignal&) = delete;

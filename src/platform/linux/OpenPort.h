@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 namespace tessarine {
 
@@ -14,6 +15,10 @@ class OpenPort {
   // One system call each; a Fault when the port does not take or give the byte.
   virtual void write(PortRegister place, std::uint8_t value) = 0;
   virtual std::uint8_t read(PortRegister place) = 0;
+  // Why the data register reads otherwise than written, where that can be told; else empty.
+  [[nodiscard]] virtual std::string whyOtherwise(std::uint8_t /*written*/, std::uint8_t /*read*/) const {
+    return {};
+  }
   // Lines low, control register as it was found, port closed. Called once, from any thread.
   virtual void leave() noexcept = 0;
 };

@@ -99,6 +99,9 @@ std::string PortTable::whyNotOpen() const {
     if (entry.base != lastBase_) continue;
     if (!entry.trouble.empty()) return entry.trouble;
     if (!entry.otherwiseRead) continue;
+    const std::string why =
+        entry.port ? entry.port->whyOtherwise(*entry.written, *entry.otherwiseRead) : std::string();
+    if (!why.empty()) return why;
     if (*entry.otherwiseRead != kOpenBus) {
       return advice::portOtherwise(entry.base, *entry.written, *entry.otherwiseRead);
     }

@@ -15,35 +15,9 @@
 #include "platform/Fault.h"
 #include "platform/linux/Advice.h"
 #include "platform/linux/BitBang.h"
+#include "platform/linux/UsbPins.h"
 
 namespace tessarine {
-namespace {
-
-char portOf(std::string_view name) {
-  if (name == "A" || name == "B") return name.front();
-  throw Fault("There is no USB port \"" + std::string(name) + "\", only A and B");
-}
-
-struct Pin {
-  char port = 'B';
-  std::uint8_t mask = 0;
-};
-
-Pin pinOf(std::string_view name) {
-  const bool well =
-      name.size() == 2 && (name[0] == 'A' || name[0] == 'B') && name[1] >= '0' && name[1] <= '7';
-  if (!well) throw Fault("There is no USB pin \"" + std::string(name) + "\", only A0 to A7 and B0 to B7");
-  return {name[0], static_cast<std::uint8_t>(1U << static_cast<unsigned>(name[1] - '0'))};
-}
-
-std::uint8_t outputOf(std::string_view name) {
-  const Pin pin = pinOf(name);
-  if (pin.port != 'B') throw Fault("USB pin " + std::string(name) + " is an input; the outputs are B0 to B7");
-  return pin.mask;
-}
-
-}  // namespace
-
 // libftdi's results do not tell these cases apart; the kernel's own files do.
 std::string UsbModule::whyNotOpened(char name, int result, const std::string& text) {
   if (result == kFtdiNotFound) return advice::moduleMissing();
@@ -135,29 +109,27 @@ void UsbModule::UsbClose() {
 }
 
 void UsbModule::UsbWritePort(std::string_view port, std::uint8_t pins) {
-  if (portOf(port) != 'B') throw Fault("USB port A is an input; the output is port B");
+  checkIsOutput(port);
   const std::lock_guard<Gate> hold(gate_);
   send(std::array<std::uint8_t, 1>{pins});
 }
 
 std::uint8_t UsbModule::UsbReadPort(std::string_view port) {
-  const char name = portOf(port);
+  const char name = usbPort(port);
   const std::lock_guard<Gate> hold(gate_);
   return pinsOf(name);
 }
 
 void UsbModule::UsbShiftWord(std::string_view clockPin, std::string_view dataPin, std::string_view loadPin,
                              std::string_view sparePin, int mode, std::string_view word) {
-  (void)outputOf(sparePin);  // stays low
-  if (mode != 0) throw Fault("USB shift mode " + std::to_string(mode) + " is not 0");
-  const ShiftPins pins{outputOf(clockPin), outputOf(dataPin), outputOf(loadPin)};
+  const ShiftPins pins = shiftPins(clockPin, dataPin, loadPin, sparePin, mode);
   const std::lock_guard<Gate> hold(gate_);
   loadMask_ = pins.load;
   send(shiftedWord(pins, word));
 }
 
 std::uint8_t UsbModule::UsbReadPin(std::string_view pin) {
-  const Pin wanted = pinOf(pin);
+  const UsbPin wanted = usbPin(pin);
   const std::lock_guard<Gate> hold(gate_);
   return (pinsOf(wanted.port) & wanted.mask) != 0 ? 1 : 0;
 }

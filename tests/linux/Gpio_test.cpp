@@ -1,0 +1,246 @@
+// GPIO lines, by their system calls.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <linux/gpio.h>
+
+#include <cerrno>
+#include <cstddef>
+#include <cstdint>
+#include <cstring>
+#include <map>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "linux/FakeKernel.h"
+#include "platform/linux/GpioPlatform.h"
+#include "platform/linux/GpioWires.h"
+#include "support/FaultOf.h"
+#include "support/TempFile.h"
+
+namespace tessarine {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+using ::testing::StartsWith;
+
+// Chips by node, each with its lines' names. What happens to lines is recorded as texts.
+struct GpioKernel : FakeKernel {
+  std::map<std::string, std::vector<std::string>> chips;
+  std::map<std::string, std::string> holders;  // of lines
+  std::map<std::string, int> level;
+  std::vector<std::string> calls;
+  double changeTakes = 0;
+  int result = 0;  // of whatever changes a line
+  int takeResult = 0;
+
+  void add(const std::string& chip, std::vector<std::string> lines) {
+    chips["/dev/" + chip] = std::move(lines);
+    nodes["/dev/" + chip] = 0;
+  }
+  std::vector<std::string> entriesOf(const std::string&) override {
+    std::vector<std::string> names{"null"};
+    for (const auto& [node, lines] : chips) names.push_back(node.substr(5));
+    for (const auto& [node, target] : files) names.push_back(node.substr(5));
+    return names;
+  }
+  int open(const std::string& path, int flags) override {
+    const int descriptor = FakeKernel::open(path, flags);
+    if (descriptor >= 0) lines_[descriptor] = chips[path];
+    return descriptor;
+  }
+  void close(int descriptor) override {
+    if (lines_[descriptor].empty() || requested_.erase(descriptor) != 0) calls.emplace_back("give back");
+  }
+  int ioctl(int descriptor, unsigned long request, void* argument) override {
+    const std::vector<std::string>& lines = lines_[descriptor];
+    if (request == GPIO_GET_CHIPINFO_IOCTL) {
+      static_cast<gpiochip_info*>(argument)->lines = static_cast<std::uint32_t>(lines.size());
+    } else if (request == GPIO_V2_GET_LINEINFO_IOCTL) {
+      auto& info = *static_cast<gpio_v2_line_info*>(argument);
+      std::strncpy(info.name, lines[info.offset].c_str(), sizeof info.name - 1);
+      if (!holders.contains(lines[info.offset])) return 0;
+      info.flags = GPIO_V2_LINE_FLAG_USED;
+      std::strncpy(info.consumer, holders[lines[info.offset]].c_str(), sizeof info.consumer - 1);
+    } else if (request == GPIO_V2_GET_LINE_IOCTL) {
+      if (takeResult < 0) return takeResult;
+      auto& taken = *static_cast<gpio_v2_line_request*>(argument);
+      taken.fd = 100 + descriptor;
+      for (std::size_t i = 0; i < taken.num_lines; ++i) lines_[taken.fd].push_back(lines[taken.offsets[i]]);
+      requested_[taken.fd] = true;
+      configure("take", lines_[taken.fd], taken.config);
+    } else if (result < 0) {
+      return result;
+    } else if (request == GPIO_V2_LINE_SET_CONFIG_IOCTL) {
+      configure("make", lines, *static_cast<gpio_v2_line_config*>(argument));
+    } else {
+      auto& values = *static_cast<gpio_v2_line_values*>(argument);
+      const bool sets = request == GPIO_V2_LINE_SET_VALUES_IOCTL;
+      if (sets) now += changeTakes;
+      std::string& call = calls.emplace_back(sets ? "set" : "get");
+      for (std::size_t i = 0; i < lines.size(); ++i) {
+        if ((values.mask >> i & 1U) == 0) continue;
+        const auto high = static_cast<int>(values.bits >> i & 1U);
+        if (sets) call += " " + lines[i] + "=" + std::to_string(high);
+        if (sets) level[lines[i]] = high;
+        if (!sets && level[lines[i]] != 0) values.bits |= std::uint64_t{1} << i;
+      }
+      if (!sets) calls.pop_back();
+    }
+    return 0;
+  }
+
+ private:
+  void configure(std::string call, const std::vector<std::string>& lines, const gpio_v2_line_config& config) {
+    for (std::size_t i = 0; i < lines.size(); ++i) {
+      const bool other = config.num_attrs != 0 && (config.attrs[0].mask >> i & 1U) != 0;
+      const std::uint64_t flags = other ? config.attrs[0].attr.flags : config.flags;
+      call += " " + lines[i] + (flags == GPIO_V2_LINE_FLAG_INPUT ? ":in" : ":out");
+    }
+    calls.push_back(call);
+  }
+  std::map<int, std::vector<std::string>> lines_;  // of chips and of requests
+  std::map<int, bool> requested_;
+};
+
+struct Gpio : ::testing::Test {
+  Gpio() { kernel.add("gpiochip0", {"ID_SDA", "", "LOCK", "LOAD", "GPIO17", "DATA", "SIX"}); }
+  void write(unsigned value) { host.driver.DlPortWritePortUchar(0x378, static_cast<std::uint8_t>(value)); }
+  std::uint8_t read() { return host.driver.DlPortReadPortUchar(0x378); }
+  std::vector<std::string> taken() { return std::exchange(kernel.calls, {}); }
+
+  GpioKernel kernel;
+  std::vector<std::string> notes;
+  std::uint8_t loadPins = 4;
+  GpioPlatform host{
+      kernel, {"GPIO17", "DATA", "LOAD", "", "SIX", "", "", "", "LOCK"}, [this] { return loadPins; }, [] {}};
+};
+
+TEST_F(Gpio, TheConnectorsPinsAreLinesAndThoseWithoutOneAreRemembered) {
+  kernel.files["/dev/gpiochip1"] = "gpiochip0";  // the same chip by another name
+  write(0);
+  EXPECT_THAT(taken(), ElementsAre("take DATA:out GPIO17:out LOAD:out SIX:out LOCK:in"));
+  write(0xA3);
+  write(0x97);
+  write(0x97);
+  EXPECT_THAT(taken(), ElementsAre("set DATA=1 GPIO17=1", "set LOAD=1 SIX=1"));
+  EXPECT_EQ(read(), 0x97);
+  kernel.level["SIX"] = 0;
+  EXPECT_EQ(read(), 0x87);
+  EXPECT_EQ(host.whyNotOpen(),
+            "GPIO line SIX (pin6) reads 0 where 1 was written: it is shorted, or held by the board");
+  EXPECT_TRUE(isInTheManual("GPIO line GPIO17 (clock) reads 0 where 1 was written"));
+}
+
+TEST_F(Gpio, AtTheEndLoadEnableAsItIsWiredBecomesAnInputFirst) {
+  for (const auto& [pins, first] : {std::pair{4, "make DATA:out GPIO17:out LOAD:in SIX:out LOCK:in"},
+                                    {1, "make DATA:out GPIO17:in LOAD:out SIX:out LOCK:in"}}) {
+    loadPins = static_cast<std::uint8_t>(pins);
+    write(0xFF);
+    (void)taken();
+    host.leave();
+    EXPECT_THAT(taken(), ElementsAre("set DATA=0 GPIO17=0 LOAD=0 SIX=0", first,
+                                     "make DATA:in GPIO17:in LOAD:in SIX:in LOCK:in", "give back"));
+  }
+  write(1);
+  EXPECT_THAT(taken(), ElementsAre(StartsWith("take "), "set GPIO17=1")) << "opened anew";
+}
+
+TEST_F(Gpio, AsTheModuleTheySendAWordOnLinesOfTwoChips) {
+  kernel.chips.clear();
+  kernel.add("gpiochip0", {"LOCK", "LOAD", "SIX"});
+  kernel.add("gpiochip1", {"DATA", "GPIO17"});
+  host.usb.UsbOpen(0);
+  EXPECT_THAT(taken(), ElementsAre("take DATA:out GPIO17:out", "take LOAD:out SIX:out LOCK:in"));
+  host.usb.UsbShiftWord("B3", "B2", "B1", "B0", 0, "10");
+  EXPECT_THAT(taken(), ElementsAre("set GPIO17=1", "set GPIO17=0", "set DATA=1", "set GPIO17=1",
+                                   "set GPIO17=0", "set DATA=0", "set LOAD=1", "set LOAD=0"));
+  host.usb.UsbWritePort("B", 0xF9);
+  EXPECT_EQ(host.usb.UsbReadPort("B"), 0xF9);
+  for (const int lock : {1, 0}) {
+    kernel.level["LOCK"] = lock;
+    EXPECT_EQ(host.usb.UsbReadPin("A3"), lock);
+    EXPECT_EQ(host.usb.UsbReadPort("A"), 8 * lock);
+  }
+  (void)taken();
+  host.usb.UsbClose();
+  EXPECT_THAT(taken(),
+              ElementsAre("set DATA=0 GPIO17=0", "set LOAD=0 SIX=0", "make LOAD:in SIX:out LOCK:in",
+                          "make DATA:in GPIO17:in", "make LOAD:in SIX:in LOCK:in", "give back", "give back"));
+}
+
+TEST_F(Gpio, EachObstacleIsNamedWithTheLineToType) {
+  const GpioKernel well = kernel;
+  struct {
+    const char* sentence;
+    void (*set)(GpioKernel&);
+  } const obstacles[] = {
+      {"GPIO line GPIO17 (clock) is missing: no chip ",
+       [](GpioKernel& k) { k.chips["/dev/gpiochip0"][4] = "GPIO7"; }},
+      {"GPIO lines are missing: this computer has no GPIO chip. ", [](GpioKernel& k) { k.chips.clear(); }},
+      {"GPIO line GPIO17 (clock) is ambiguous: both /dev/gpiochip0 and /dev/gpiochip1 have it. ",
+       [](GpioKernel& k) { k.add("gpiochip1", {"GPIO17"}); }},
+      {"GPIO line GPIO17 (clock) is ambiguous: /dev/gpiochip0 has it twice. ",
+       [](GpioKernel& k) { k.chips["/dev/gpiochip0"][0] = "GPIO17"; }},
+      {"GPIO line GPIO17 (clock) is busy: \"spi0 CS0\" holds it. ",
+       [](GpioKernel& k) { k.holders["GPIO17"] = "spi0 CS0"; }},
+      {"No permission for the GPIO lines of /dev/gpiochip0. ",
+       [](GpioKernel& k) { k.nodes["/dev/gpiochip0"] = -EACCES; }},
+      {"No permission for the GPIO lines of /dev/gpiochip0. ", [](GpioKernel& k) { k.takeResult = -EPERM; }},
+      {"The GPIO chip /dev/gpiochip0 failed: ", [](GpioKernel& k) { k.result = -EIO; }},
+  };
+  for (const auto& obstacle : obstacles) {
+    kernel = well;
+    obstacle.set(kernel);
+    const std::string told = faultOf([&] { host.usb.UsbWritePort("B", 8); });
+    EXPECT_THAT(told, StartsWith(obstacle.sentence));
+    kernel.now += 2;
+    EXPECT_EQ(faultOf([&] { write(1); }), told);
+    EXPECT_EQ(host.whyNotOpen(), told);
+    EXPECT_TRUE(isInTheManual(told)) << told;
+    kernel = well;
+    kernel.now += 4;
+    EXPECT_EQ(faultOf([&] { write(1); }), "no fault") << "set right";
+    host.leave();
+  }
+  EXPECT_TRUE(isInTheManual(faultOf([&] { host.driver.DlPortWritePortUchar(0x278, 0); })));
+}
+
+TEST_F(Gpio, SlowLinesAreToldOnce) {
+  host.notice = [&](const std::string& sentence) { notes.push_back(sentence); };
+  for (const double takes : {0.00001, 0.002}) {
+    EXPECT_THAT(notes, IsEmpty());
+    kernel.changeTakes = takes;
+    for (unsigned i = 0; i < 20; ++i) write(i % 2);
+  }
+  EXPECT_THAT(
+      notes,
+      ElementsAre(StartsWith("The GPIO lines of /dev/gpiochip0 are slow: a change takes 2000 microseconds")));
+}
+
+TEST(GpioWiresFile, SaysWhichLineIsWhichOrWhatIsWrongWithIt) {
+  const std::string three = "clock A # c\n data\tB\r\nload P9 12\n";
+  for (const auto& [text, outcome] : {
+           std::pair{three, "A,B,P9 12,,,,,,,"},
+           {three + "\n# x\npin9 N\nlock L", "A,B,P9 12,,,,,N,L,"},
+           {three + "reset R\n", "FILE, line 4: \"reset\" is no role"},
+           {three + "clock C\n", "FILE, line 4: clock stands there twice"},
+           {three + "lock A\n", "FILE, line 4: \"A\" stands there twice"},
+           {three + "lock # L\n", "FILE, line 4: lock names no line"},
+           {std::string("clock A\nload C\n"), "FILE leaves out data"},
+       }) {
+    const TempFile file(text);
+    std::string got;
+    std::string fault = faultOf([&] {
+      for (const std::string& name : readGpioWires(file.path())) got += name + ",";
+    });
+    if (const auto at = fault.find(file.path()); at == 0) fault.replace(0, file.path().size(), "FILE");
+    EXPECT_EQ(got.empty() ? fault : got, outcome);
+  }
+  for (const char* const path : {"/nowhere", "/dev", "/dev/zero"})
+    EXPECT_EQ(faultOf([&] { (void)readGpioWires(path); }), path + std::string(" cannot be read"));
+}
+
+}  // namespace
+}  // namespace tessarine
