@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <ostream>
+#include <string>
 
 #include "board/NumberText.h"
 
@@ -11,8 +12,9 @@ void saveCsv(const FrequencyHistory& history, std::ostream& out) {
   out << "time_s,output_MHz,locked\n";
   for (std::size_t index = 0; index < history.size(); ++index) {
     const FrequencyPoint& point = history[index];
-    out << fixedText(static_cast<double>(point.time) / 1e6, 6) << ',' << fixedText(point.outputMHz, 6) << ','
-        << (point.locked ? "1\n" : "0\n");
+    const bool runs = point.outputMHz != 0;
+    out << fixedText(static_cast<double>(point.time) / 1e6, 6) << ','
+        << (runs ? fixedText(point.outputMHz, 6) : std::string()) << ',' << (point.locked ? "1\n" : "0\n");
   }
 }
 

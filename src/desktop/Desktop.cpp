@@ -1,6 +1,9 @@
 #include "desktop/Desktop.h"
 
+#include <QAbstractButton>
 #include <QEventLoop>
+#include <QFontMetrics>
+#include <QLabel>
 #include <QMessageBox>
 #include <QTimer>
 #include <cmath>
@@ -28,6 +31,19 @@ class Modal {
  private:
   forms::FormList& forms_;
 };
+
+// Room for the title, and a button of the size that those of the windows have.
+void fitBox(QMessageBox& box) {
+  const QFontMetrics metrics = box.fontMetrics();
+  constexpr int kTitleButtons = 8;  // what a frame puts beside its title, in letters of it
+  if (auto* const text = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
+    text->setMinimumWidth(metrics.horizontalAdvance(box.windowTitle()) +
+                          kTitleButtons * metrics.horizontalAdvance(QLatin1Char('M')));
+  }
+  for (QAbstractButton* const button : box.buttons()) {
+    button->setMinimumSize(metrics.averageCharWidth() * 14, metrics.height() * 3 / 2);
+  }
+}
 
 void endOnFatal(QtMsgType type, const QMessageLogContext& /*context*/, const QString& text) {
   if (type != QtFatalMsg) return;  // the reasons on the way there stand in the last message as well
@@ -108,6 +124,7 @@ void Desktop::tell(const std::string& text) {
   note->setAttribute(Qt::WA_DeleteOnClose);
   note->setTextFormat(Qt::PlainText);
   note->setModal(false);
+  fitBox(*note);
   note->show();
 }
 
@@ -127,6 +144,7 @@ void Desktop::messageBox(const std::string& text, Icon icon, const std::string& 
     box.setInformativeText(toQt(more));
     box.setTextInteractionFlags(Qt::TextSelectableByMouse);
   }
+  fitBox(box);
   box.exec();
   throwIfEnded();
 }

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QScreen>
+#include <QStyle>
 #include <QTimer>
 #include <algorithm>
 #include <cstddef>
@@ -25,10 +26,21 @@ using forms::Kind;
 namespace {
 
 // Left free of a screen too small for the window: for its borders, its title bar and a panel of the desktop.
-constexpr QSize kScreenReserve(20, 60);
+constexpr QSize kScreenReserve(8, 60);
 
 bool holdsOthers(const Control& control) {
   return control.kind() == Kind::Frame || control.kind() == Kind::PictureBox;
+}
+
+// The button that Enter can only mean, where the form names none.
+forms::CommandButton* onlyButton(const forms::Form& form) {
+  forms::CommandButton* only = nullptr;
+  for (Control* const control : form.controls()) {
+    if (control->kind() != Kind::CommandButton || !control->isVisible() || !control->isEnabled()) continue;
+    if (only) return nullptr;
+    only = static_cast<forms::CommandButton*>(control);
+  }
+  return only;
 }
 
 }  // namespace
@@ -121,7 +133,15 @@ void FormWindow::take(Control& control, Aspect aspect) {
              parent && control.Visible && form_.Visible) {
     buildOne(control, *parent);
   }
-  if (aspect == Aspect::Visible) QTimer::singleShot(0, this, [this] { focusFirstIfNone(); });
+  if (aspect != Aspect::Visible) return;
+  notePage(control);
+  QTimer::singleShot(0, this, [this] { focusAfterChange(); });
+}
+
+// The frames of an array are pages: one takes the place of another.
+void FormWindow::notePage(const Control& control) {
+  if (control.kind() != Kind::Frame || control.index() == forms::kNoIndex) return;
+  (control.Visible ? pageCome_ : pageGone_) = &control;
 }
 
 void FormWindow::takeBack(Control& control) {
@@ -215,10 +235,13 @@ void FormWindow::fit() {
   if (whole.width() <= room.width() && whole.height() <= room.height()) {
     setFixedSize(whole);
   } else {
-    // The screen is too small for this font: the window scrolls.
+    // The screen is too small for this font: the window scrolls. A bar for one way takes room from the other.
+    const int bar = style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, &scroll_);
+    const QSize most =
+        whole + QSize(whole.height() > room.height() ? bar : 0, whole.width() > room.width() ? bar : 0);
     setMinimumSize(0, 0);
-    setMaximumSize(whole);
-    resize(whole.boundedTo(room));
+    setMaximumSize(most);
+    resize(most.boundedTo(room));
   }
 }
 
@@ -276,6 +299,7 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
         return;
       }
       button = form_.defaultButton();
+      if (!button) button = onlyButton(form_);
       break;
     case Qt::Key_Escape:
       button = form_.cancelButton();
@@ -293,10 +317,22 @@ void FormWindow::keyPressEvent(QKeyEvent* event) {
   }
 }
 
+void FormWindow::focusAfterChange() {
+  const Control* const come = std::exchange(pageCome_, nullptr);
+  const Control* const gone = std::exchange(pageGone_, nullptr);
+  // As with Tab, so that what is typed next takes the place of the text.
+  if (come && gone) focusFirstOf(static_cast<const Container&>(*come), Qt::TabFocusReason);
+  focusFirstIfNone();
+}
+
 void FormWindow::focusFirstIfNone() {
-  if (focusWidget() && focusWidget()->isVisible()) return;
-  const auto stops = tabStops();
-  if (!stops.empty()) stops.front()->setFocus(Qt::OtherFocusReason);
+  if (!focusWidget() || !focusWidget()->isVisible()) focusFirstOf(form_, Qt::OtherFocusReason);
+}
+
+void FormWindow::focusFirstOf(const Container& container, Qt::FocusReason reason) {
+  std::vector<QWidget*> stops;
+  collectStops(container, stops);
+  if (!stops.empty()) stops.front()->setFocus(reason);
 }
 
 bool FormWindow::focusNextPrevChild(bool next) {

@@ -50,6 +50,9 @@ class FormWindow : public QWidget {
   void place();
   void fit();
   void layOut();
+  void notePage(const forms::Control& control);
+  void focusAfterChange();
+  void focusFirstOf(const forms::Container& container, Qt::FocusReason reason);
   void focusFirstIfNone();
   [[nodiscard]] bool isOnTop(const QWidget& widget) const;
   void collectStops(const forms::Container& container, std::vector<QWidget*>& stops) const;
@@ -66,6 +69,9 @@ class FormWindow : public QWidget {
   std::vector<std::unique_ptr<ControlWidget>> made_;  // in the order of making: parents first
   std::unordered_map<const forms::Control*, ControlWidget*> byControl_;
   bool placed_ = false;
+  // A page that took the place of another in this turn of events.
+  const forms::Control* pageGone_ = nullptr;
+  const forms::Control* pageCome_ = nullptr;
 };
 
 }  // namespace tessarine::desktop

@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QMouseEvent>
 #include <QPainter>
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <memory>
@@ -25,6 +26,7 @@ namespace {
 constexpr double kCellRadius = 3;
 constexpr int kShortestWord = 8;  // bits, from which on they stand in groups of four
 constexpr int kGroup = 4;
+constexpr int kNameWidth = 6;  // of the longest name in front of a word, "R4_2: "
 
 QColor fromModel(std::uint32_t color) {
   const auto part = [color](unsigned shift) { return static_cast<int>(color >> shift & 0xFFU); };
@@ -47,7 +49,8 @@ void drawWord(QPainter& painter, const QRectF& area, const QString& text) {
 
   double width = 0;
   std::vector<std::pair<double, QString>> pieces{{0, text.left(start)}};
-  width += static_cast<double>(start) * character;
+  // Rows of words stand in one column, however long their names are.
+  if (start > 0) width = static_cast<double>(std::max<qsizetype>(start, kNameWidth)) * character;
   for (qsizetype at = start; at < text.size();) {
     const qsizetype left = text.size() - at;
     const qsizetype size = left % kGroup == 0 ? kGroup : left % kGroup;

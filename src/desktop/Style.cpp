@@ -215,6 +215,16 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
 
 void Style::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                         const QWidget* widget) const {
+  if (element == CE_MenuItem) {
+    const auto* entry = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (entry && entry->menuItemType == QStyleOptionMenuItem::Separator) {
+      painter->fillRect(option->rect, option->palette.color(QPalette::Window));
+      painter->fillRect(
+          QRect(option->rect.left() + 6, option->rect.center().y(), option->rect.width() - 12, 1),
+          Tones(option->palette).border);
+      return;
+    }
+  }
   if (element == CE_PushButtonLabel) {
     const auto* button = qstyleoption_cast<const QStyleOptionButton*>(option);
     if (button && (button->features & QStyleOptionButton::DefaultButton) != 0 &&

@@ -52,8 +52,8 @@ void frmAbout::Form_Load() {
   // The revision line stays as the program's users know it.
   lblDescription.Caption =
       std::string("Synthesizer Control, version ") + applicationVersion() +
-      ", for PLL evaluation boards: register words from frequencies, on the wire and proved. F12 opens the "
-      "board's own window.";
+      ", for PLL evaluation boards. It works out register words from frequencies, sends them to the chip and "
+      "checks them on the wires. F12 opens the window of the board.";
 }
 
 void frmAbout::cmdOK_Click() { Unload(); }

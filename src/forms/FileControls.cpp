@@ -64,7 +64,8 @@ bool matchesPattern(std::string_view name, std::string_view patterns) {
     while (pattern.ends_with(' ')) pattern.remove_suffix(1);
     // A closing ".*" asks for any extension, none included.
     if (pattern.ends_with("*.*")) pattern.remove_suffix(2);
-    if (!pattern.empty() && matchesOne(name, pattern)) return true;
+    const bool hidden = name.starts_with('.') && !pattern.starts_with('.');
+    if (!pattern.empty() && !hidden && matchesOne(name, pattern)) return true;
     if (end == std::string_view::npos) return false;
     patterns.remove_prefix(end + 1);
   }

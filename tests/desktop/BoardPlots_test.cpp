@@ -54,11 +54,13 @@ TEST(FoldedTime, FoldsWhatIsFarLongerThanABitAndComesBack) {
 TEST(Texts, RoundStepsAndUnitsThatFitTheSize) {
   const struct {
     double length, most, step;
-    int decimals;
-  } axes[] = {{25.2, 6, 5, 0}, {1, 6, 0.2, 1}, {0.0012, 6, 0.0002, 4}, {3e6, 10, 500'000, 0}};
+    const char* tick;
+  } axes[] = {
+      {25.2, 6, 5, "15"}, {1, 6, 0.2, "0.6"}, {0.0012, 6, 0.0002, "0.0006"}, {3e6, 10, 500'000, "1500000"}};
   for (const auto& axis : axes) {
     EXPECT_DOUBLE_EQ(niceStep(axis.length, axis.most), axis.step);
-    EXPECT_EQ(decimalsFor(axis.step), axis.decimals) << axis.step;
+    EXPECT_EQ(tickText(3 * axis.step, axis.step).toStdString(), axis.tick);
+    EXPECT_EQ(tickText(-axis.step / 1e6, axis.step).front(), QLatin1Char('0'));
   }
   const std::pair<QString, const char*> texts[] = {
       {frequencyText(0.2), "200 kHz"},
@@ -69,6 +71,8 @@ TEST(Texts, RoundStepsAndUnitsThatFitTheSize) {
       {timeText(2'500'000), "2.5 s"},
       {offsetText(-0.01), "0.0 Hz"},
       {offsetText(12.34), "+12.3 Hz"},
+      {offsetText(-90'000), "-90 kHz"},
+      {offsetText(62e6), "+62 MHz"},
       {groupedBinary(0xC8, 10), "00 1100 1000"},
   };
   for (const auto& [shown, wanted] : texts) EXPECT_EQ(shown.toStdString(), wanted);

@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
 #include <QElapsedTimer>
@@ -12,6 +13,7 @@
 #include <QTest>
 #include <QTreeWidget>
 #include <QWheelEvent>
+#include <csignal>
 #include <cstddef>
 #include <cstdint>
 #include <fstream>
@@ -62,7 +64,7 @@ TEST(ChipView, TellsWhatTheChipMakesOfALoad) {
 
   desk.load("900.11");  // no multiple of 200 kHz: the nearest one is 90 kHz above it
   EXPECT_EQ(desk.label("output"), "900.200000 MHz");
-  EXPECT_EQ(desk.label("offset"), "+90000.0 Hz");
+  EXPECT_EQ(desk.label("offset"), "+90 kHz");
 }
 
 TEST(ChipView, EachFaultOfTheBoardShows) {
@@ -278,6 +280,23 @@ TEST(WireView, ALogicAnalyserReadsTheSavedWords) {
   EXPECT_THAT(desk.label("boardStatus"), StartsWith("Could not save /nowhere/board.vcd: "));
 }
 
+TEST(Saving, OnAFullDiskTheOldFileStays) {
+  BoardDesk desk(kFrequency);
+  desk.load();
+  const QByteArray old = desk.saved("saveCsv", "frequency.csv");
+  ASSERT_FALSE(old.isEmpty());
+  // No file may grow, as on a disk that is full.
+  rlimit before{};
+  getrlimit(RLIMIT_FSIZE, &before);
+  std::signal(SIGXFSZ, SIG_IGN);
+  const rlimit full{0, before.rlim_max};
+  setrlimit(RLIMIT_FSIZE, &full);
+  const QByteArray kept = desk.saved("saveCsv", "frequency.csv");
+  setrlimit(RLIMIT_FSIZE, &before);
+  EXPECT_EQ(kept, old);
+  EXPECT_THAT(desk.label("boardStatus"), StartsWith("Could not save "));
+}
+
 // --------------------------------------------------------------------------------- Frequencies over time
 
 TEST(FrequencyView, KeepsAHopAndASweepAndSavesThem) {
@@ -393,6 +412,33 @@ TEST(BoardWindow, F12ShowsAndHidesItWithoutTakingTheKeyboard) {
   desk.window.show();
   QTest::keyClick(desk.find("registers"), Qt::Key_F12);
   EXPECT_FALSE(desk.window.isVisible()) << "its own keys count as well";
+
+  desk.window.show();
+  other.setGeometry(desk.window.geometry());
+  QTest::mouseClick(&other, Qt::LeftButton);
+  QTest::keyClick(&other, Qt::Key_F12);
+  EXPECT_TRUE(desk.window.isVisible()) << "covered, it comes to the front";
+  QTest::keyClick(&other, Qt::Key_F12);
+  EXPECT_FALSE(desk.window.isVisible());
+}
+
+TEST(BoardWindow, CutsNoTextAtItsLeastSize) {
+  BoardDesk desk;
+  desk.load("12345.678");
+  desk.window.resize(1, 1);
+  desk.settle();
+  EXPECT_LT(desk.window.width(), desk.find("loopDiagram")->fontMetrics().averageCharWidth() * 90);
+  for (const View view : {kChip, kRegisters, kWire, kFrequency}) {
+    desk.show(view);
+    for (QLabel* const label : desk.window.findChildren<QLabel*>()) {
+      if (!label->isVisible()) continue;
+      const QSize least = label->wordWrap()
+                              ? QSize(label->minimumSizeHint().width(), label->heightForWidth(label->width()))
+                              : label->sizeHint();
+      EXPECT_EQ(label->size().expandedTo(least), label->size()) << label->text().toStdString();
+    }
+    EXPECT_GE(desk.find("lockSign")->width(), desk.find("lockSign")->sizeHint().width());
+  }
 }
 
 TEST(BoardWindow, OpensBesideTheControlWindow) {

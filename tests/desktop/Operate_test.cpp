@@ -41,6 +41,10 @@ TEST(FirstScreen, ShowsTheChoiceAloneThenTheHourglassThenTheWorkingScreen) {
     const QWidget* const focused = bench.window().focusWidget();
     return focused && focused->isVisible();
   }));
+  Bench byKeys;
+  byKeys.start();
+  QTest::keyClick(&byKeys.window(), Qt::Key_Return);
+  EXPECT_TRUE(byKeys.shows("RefText")) << "Enter can only mean the one button there";
 }
 
 TEST(Models, EachOpensItsPanelAndClosesItAgain) {
@@ -135,11 +139,15 @@ TEST(GeneralMode, AClickDuringALoadNestsASecondLoad) {
 TEST(Modes, TheMenuShowsOneModeAtATime) {
   Bench bench;
   bench.startWorking();
-  const std::vector<std::pair<const char*, const char*>> modes = {
-      {"Hop1(22)", "Frame2(1)"}, {"Gen1(21)", "Frame2(0)"}, {"Sweep1(23)", "Frame2(2)"}};
-  for (const auto& [entry, frame] : modes) {
+  const struct {
+    const char *entry, *frame, *firstField;
+  } modes[] = {{"Hop1(22)", "Frame2(1)", "VcoText1"},
+               {"Gen1(21)", "Frame2(0)", "VCOText"},
+               {"Sweep1(23)", "Frame2(2)", "StartText1"}};
+  for (const auto& [entry, frame, field] : modes) {
     bench.menu(entry);
-    for (const auto& [otherEntry, otherFrame] : modes) {
+    EXPECT_TRUE(comesTrue([&, name = field] { return bench.find(name)->hasFocus(); })) << field;
+    for (const auto& [otherEntry, otherFrame, otherField] : modes) {
       EXPECT_EQ(bench.find<QAction>(otherEntry)->isChecked(), otherEntry == entry);
       EXPECT_EQ(bench.shows(otherFrame), otherFrame == frame);
     }

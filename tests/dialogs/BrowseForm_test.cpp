@@ -147,6 +147,8 @@ TEST(FilePattern, MatchesAsFileDialogsDo) {
   } rows[] = {{"a.txt", "*.*", true},
               {"plain", "*.*", true},
               {"plain", "*.", false},
+              {".rc", "*.*", false},
+              {".rc", "*;.r*", true},
               {"plain", "pl*.*", true},
               {"a.txt", "*.set", false},
               {"a.txt", "*.set;*.txt", true},

@@ -73,14 +73,14 @@ BoardWindow::BoardWindow(BoardFeed feed)
   views_.setFocus();
   status_.setObjectName(QStringLiteral("boardStatus"));
   status_.setTextFormat(Qt::PlainText);
-  status_.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  status_.setWordWrap(true);
   if (feed_.virtualBoard == nullptr) {
     status_.setText(
         QStringLiteral("What was sent since this window opened; frequencies and lock are worked "
                        "out from it, not measured."));
   }
   column->addWidget(&status_);
-  resize(fontMetrics().averageCharWidth() * 140, fontMetrics().height() * 34);
+  resize(fontMetrics().averageCharWidth() * 140, fontMetrics().height() * 38);
 
   next_.setSingleShot(true);
   next_.setTimerType(Qt::PreciseTimer);
@@ -101,17 +101,25 @@ void BoardWindow::fillHeader(QBoxLayout& column) {
   name_.setFont(enlarged(font(), 1.5, true));
   output_.setObjectName(QStringLiteral("boardOutput"));
   output_.setFont(enlarged(font(), 1.5, false));
-  auto* const header = new QHBoxLayout;
-  header->setSpacing(fontMetrics().height());
-  header->addWidget(&name_);
-  header->addWidget(&output_);
-  header->addWidget(&lock_, 1);
+  reason_.setObjectName(QStringLiteral("boardReason"));
+  reason_.setTextFormat(Qt::PlainText);
+  reason_.setWordWrap(true);
+  reason_.setMinimumHeight(fontMetrics().height());
+  auto* const upper = new QHBoxLayout;
+  upper->addWidget(&name_, 1);
   if (feed_.virtualBoard != nullptr) {
     fillFaults();
-    header->addWidget(&faultCaption_);
-    header->addWidget(&fault_);
+    upper->addWidget(&faultCaption_);
+    upper->addWidget(&fault_);
   }
-  column.addLayout(header);
+  auto* const lower = new QHBoxLayout;
+  lower->setSpacing(fontMetrics().height());
+  lower->addWidget(&output_);
+  lower->addWidget(&lock_);
+  lower->addStretch(1);
+  column.addLayout(upper);
+  column.addLayout(lower);
+  column.addWidget(&reason_);
 }
 
 void BoardWindow::fillFaults() {
@@ -164,6 +172,7 @@ void BoardWindow::takeHeader() {
   setTextIfNew(name_, chip == nullptr ? QStringLiteral("No chip") : text(chip->model().name));
   setTextIfNew(output_, tuning.outputMHz ? megahertzText(*tuning.outputMHz) : QStringLiteral("– MHz"));
   lock_.take(tuning);
+  setTextIfNew(reason_, text(tuning.reason()));
   if (feed_.virtualBoard != nullptr) {
     const auto found =
         std::ranges::find(board::boardFaults(), feed_.virtualBoard->fault(), &board::BoardFaultName::fault);
@@ -185,16 +194,25 @@ void BoardWindow::showEvent(QShowEvent* event) {
 }
 
 void BoardWindow::toggle() {
-  if (isVisible() && !isMinimized()) {
+  if (isVisible() && !isMinimized() && !isCovered()) {
     hide();
     return;
   }
+  inFront_ = true;
   if (isMinimized()) {
     showNormal();
   } else {
     show();
   }
   raise();
+}
+
+bool BoardWindow::isCovered() const {
+  if (inFront_) return false;
+  return std::ranges::any_of(QApplication::topLevelWidgets(), [this](const QWidget* other) {
+    return other != this && other->isVisible() && other->isWindow() &&
+           other->frameGeometry().intersects(frameGeometry());
+  });
 }
 
 void BoardWindow::openBeside(QWidget* other) {
@@ -233,7 +251,8 @@ void BoardWindow::placeBeside(const QWidget& other) {
     move(std::max(room.left(), room.right() - width()), std::max(room.top(), room.bottom() - height()));
     return;
   }
-  resize(std::min(width(), std::max(left, right)), std::min(height(), room.height() - 2 * gap));
+  resize(QSize(std::min(width(), std::max(left, right)), std::min(height(), room.height() - 2 * gap))
+             .expandedTo(minimumSizeHint()));
   const int x = right >= left ? taken.right() + gap : taken.left() - gap - width();
   move(x, std::clamp(taken.top(), room.top(), std::max(room.top(), room.bottom() - height())));
 }
@@ -244,6 +263,9 @@ BoardKey::BoardKey(BoardWindow& window) : window_(window) { qApp->installEventFi
 
 // A shortcut would be dead while its window is hidden.
 bool BoardKey::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::WindowActivate || event->type() == QEvent::MouseButtonPress) {
+    if (const auto* const widget = qobject_cast<QWidget*>(watched)) window_.reachedFor(*widget->window());
+  }
   if (event->type() == QEvent::KeyPress) {
     const auto* const key = static_cast<QKeyEvent*>(event);
     if (key->key() == Qt::Key_F12 && key->modifiers() == Qt::NoModifier) {

@@ -44,8 +44,10 @@ class BoardWindow : public QWidget {
   // Shows the window beside `other`, which keeps the keyboard, as soon as that one is on the screen. Null:
   // never.
   void openBeside(QWidget* other);
-  // Shows or hides the window; another one keeps the keyboard.
+  // Hides the window; brings it to the front where it is hidden or covered. Another one keeps the keyboard.
   void toggle();
+  // The operator reaches for a window of the program, which comes to the front.
+  void reachedFor(const QWidget& window) { inFront_ = &window == this; }
 
   // False while the board has moved on since the views were last filled.
   [[nodiscard]] bool isUpToDate() const;
@@ -60,6 +62,7 @@ class BoardWindow : public QWidget {
 
  private:
   void placeBeside(const QWidget& other);
+  [[nodiscard]] bool isCovered() const;
   void fillHeader(QBoxLayout& column);
   void fillFaults();
   void watch();
@@ -77,12 +80,14 @@ class BoardWindow : public QWidget {
   QLabel name_;
   QLabel output_;
   LockSign lock_;
+  QLabel reason_;
   QLabel faultCaption_{QStringLiteral("&Fault")};
   QComboBox fault_;
   QLabel status_;
 
   QPointer<QWidget> beside_;  // to open beside, when it is on the screen
   bool opened_ = false;
+  bool inFront_ = false;  // of the program's other windows
   std::optional<std::uint64_t> shownVersion_;
   std::optional<double> shownAsked_;
   // The next refresh. It runs only when there is something new.

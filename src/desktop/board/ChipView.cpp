@@ -1,6 +1,5 @@
 #include "desktop/board/ChipView.h"
 
-#include <QHBoxLayout>
 #include <QVBoxLayout>
 #include <optional>
 #include <string>
@@ -43,12 +42,10 @@ ChipView::ChipView()
       reason_(lock_.addText(QStringLiteral("reason"))),
       pin_(lock_.addLine(QStringLiteral("Lock-detect pin"), QStringLiteral("lockPin")).value),
       notes_(lock_.addText(QStringLiteral("notes"))) {
-  auto* const cards = new QHBoxLayout;
-  for (Card* const card : {&frequencies_, &loop_, &lock_}) cards->addWidget(card, 1);
+  for (Card* const card : {&frequencies_, &loop_, &lock_}) cards_.add(*card);
   auto* const column = new QVBoxLayout(this);
   column->addWidget(&diagram_);
-  column->addLayout(cards);
-  column->addStretch(1);
+  column->addWidget(&cards_, 1);
   QFont bold = font();
   bold.setBold(true);
   output_.setFont(bold);

@@ -5,6 +5,7 @@
 
 #include "desktop/board/BoardView.h"
 #include "desktop/board/Card.h"
+#include "desktop/board/CardFlow.h"
 #include "desktop/board/LoopDiagram.h"
 
 namespace tessarine::desktop {
@@ -20,6 +21,7 @@ class ChipView : public BoardView {
   void takeLock(const board::Tuning& tuning);
 
   LoopDiagram diagram_;
+  CardFlow cards_;
   Card frequencies_{QStringLiteral("Frequencies")};
   Card loop_{QStringLiteral("Dividers")};
   Card lock_{QStringLiteral("Lock")};

@@ -21,6 +21,10 @@ constexpr double kShortestSpan = 10;  // microseconds
 constexpr double kLeastRangeMHz = 1e-6;
 constexpr double kMicroseconds = 1e6;  // in a second
 constexpr double kStrip = 6;           // height of the lock strip
+constexpr double kMostLines = 20;      // of the grid, across
+
+// What is shown of a frequency that does not move, in MHz.
+double leastRange(double megahertz) { return std::max(kLeastRangeMHz, megahertz * 1e-6); }
 
 // What one column of pixels has to show.
 struct Column {
@@ -76,6 +80,7 @@ void FrequencyPlot::refresh() {
   const double first = history().empty() ? 0 : static_cast<double>(history()[0].time);
   const double last = lastTime();
   span().setLimits(first, last + std::max(kShortestSpan, (last - first) * 0.01));
+  highest_ = history().empty() ? 0 : std::max(highest_, scale().high);
   update();
   if (onCursor) onCursor();
 }
@@ -126,7 +131,9 @@ std::optional<double> FrequencyPlot::nextChange(double place, int direction) con
 
 QRectF FrequencyPlot::area() const {
   const double line = fontMetrics().height();
-  const double gutter = fontMetrics().averageCharWidth() * 11 + 12;
+  // For the longest label that any stretch of this height can have.
+  const double finest = niceStep(leastRange(highest_), kMostLines);
+  const double gutter = fontMetrics().horizontalAdvance(tickText(highest_, finest)) + 16;
   return QRectF(rect()).adjusted(gutter, line * 1.6, -line * 1.2, -(line * 1.8 + kStrip));
 }
 
@@ -145,7 +152,7 @@ FrequencyPlot::Scale FrequencyPlot::scale() const {
   const std::size_t end = countUntil(span().to());
   for (std::size_t index = std::max<std::size_t>(countUntil(span().from()), 1) - 1; index < end; ++index)
     seen.take(history()[index]);
-  const double range = std::max(seen.high - seen.low, std::max(kLeastRangeMHz, seen.high * 1e-6));
+  const double range = std::max(seen.high - seen.low, leastRange(seen.high));
   return {seen.low - 0.1 * range, seen.high + 0.1 * range, area()};
 }
 
@@ -169,14 +176,15 @@ void FrequencyPlot::drawGrid(QPainter& painter, const Scale& scale) const {
   painter.setPen(tones.muted);
   painter.drawText(QPointF(10, line * 1.1), QStringLiteral("MHz"));
 
-  const double step = niceStep(scale.high - scale.low, scale.box.height() / (line * 2.2));
+  const double step =
+      niceStep(scale.high - scale.low, std::min(kMostLines, scale.box.height() / (line * 2.2)));
   for (double value = std::ceil(scale.low / step) * step; value <= scale.high; value += step) {
     const double y = grid(scale.y(value));
     painter.setPen(QPen(tones.edge, 1));
     painter.drawLine(QPointF(scale.box.left(), y), QPointF(scale.box.right(), y));
     painter.setPen(tones.muted);
     painter.drawText(QRectF(0, y - line, scale.box.left() - 6, 2 * line), Qt::AlignRight | Qt::AlignVCenter,
-                     fixedText(value, decimalsFor(step)));
+                     tickText(value, step));
   }
 
   const double from = span().from() / kMicroseconds;
@@ -188,8 +196,10 @@ void FrequencyPlot::drawGrid(QPainter& painter, const Scale& scale) const {
     painter.setPen(QPen(tones.edge, 1));
     painter.drawLine(QPointF(x, scale.box.top()), QPointF(x, scale.box.bottom()));
     painter.setPen(tones.muted);
-    painter.drawText(QRectF(x - label / 2, lockStrip().bottom() + 2, label, line), Qt::AlignCenter,
-                     fixedText(value, decimalsFor(second)) + QStringLiteral(" s"));
+    const QString text = tickText(value, second) + QStringLiteral(" s");
+    const double wide = fontMetrics().horizontalAdvance(text) + 2;
+    const double left = std::min(x - wide / 2, width() - wide - 2);
+    painter.drawText(QRectF(left, lockStrip().bottom() + 2, wide, line), Qt::AlignCenter, text);
   }
 }
 

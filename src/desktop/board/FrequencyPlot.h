@@ -45,6 +45,7 @@ class FrequencyPlot : public PlotWidget {
   void drawCursor(QPainter& painter, const Scale& scale) const;
 
   const board::EvaluationBoard& board_;
+  double highest_ = 0;  // MHz, that the gutter has room for
 };
 
 }  // namespace tessarine::desktop

@@ -34,7 +34,7 @@ FrequencyView::FrequencyView(board::EvaluationBoard& board, const Saving& saving
   for (const Stretch& stretch : kStretches) stretch_.addItem(QLatin1String(stretch.caption));
   stretch_.setAccessibleName(QStringLiteral("Shown stretch of time"));
   clear_.setToolTip(QStringLiteral("Forgets the frequencies up to now"));
-  cursor_.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  cursor_.setWordWrap(true);
 
   auto* const bar = new QHBoxLayout;
   bar->addWidget(&cursor_, 1);

@@ -16,7 +16,7 @@ const char* signText(bool locked) { return locked ? "LOCKED" : "NOT LOCKED"; }
 
 LockSign::LockSign() {
   setObjectName(QStringLiteral("lockSign"));
-  setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
 QFont LockSign::signFont() const {
@@ -27,7 +27,7 @@ QFont LockSign::signFont() const {
 
 QSize LockSign::sizeHint() const {
   const QFontMetrics metrics(signFont());
-  return {metrics.horizontalAdvance(QLatin1String(signText(false))) + 2 * metrics.height(),
+  return {metrics.horizontalAdvance(QLatin1String(signText(false))) + metrics.height() + 2,
           metrics.height() * 3 / 2};
 }
 
@@ -56,12 +56,6 @@ void LockSign::paintEvent(QPaintEvent* /*event*/) {
   painter.setFont(bold);
   painter.setPen(signs.onSign);
   painter.drawText(pill, Qt::AlignCenter, sign);
-
-  painter.setFont(font());
-  painter.setPen(signs.bad);
-  const QRectF rest = QRectF(rect()).adjusted(pill.right() + metrics.height() * 0.6, 0, 0, 0);
-  painter.drawText(rest, Qt::AlignLeft | Qt::AlignVCenter,
-                   QFontMetricsF(font()).elidedText(reason_, Qt::ElideRight, rest.width()));
 }
 
 }  // namespace tessarine::desktop

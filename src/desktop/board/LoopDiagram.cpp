@@ -1,6 +1,8 @@
 #include "desktop/board/LoopDiagram.h"
 
 #include <QPainter>
+#include <QStringList>
+#include <algorithm>
 #include <cmath>
 #include <optional>
 #include <string_view>
@@ -17,6 +19,8 @@ namespace {
 // the feedback below.
 constexpr int kBlocks = 5;
 constexpr double kArrowShare = 0.28;  // of a block's width
+constexpr double kBlockLines = 3.6;   // a title, and a value in up to two lines
+constexpr const char* kFilter = "Loop filter";
 
 QString dividerText(const board::Tuning& tuning, std::string_view name) {
   for (const board::Tuning::Divider& divider : tuning.dividers) {
@@ -27,6 +31,24 @@ QString dividerText(const board::Tuning& tuning, std::string_view name) {
 
 QString orNone(std::optional<double> megahertz) {
   return megahertz ? frequencyText(*megahertz) : QStringLiteral("none");
+}
+
+// Whole, whatever the room: its unit in a line below, and smaller where that is not enough.
+void drawValue(QPainter& painter, const QRectF& room, const QString& value) {
+  QFont font = painter.font();
+  font.setBold(true);
+  const auto widest = [&font](const QStringList& lines) {
+    double most = 1;
+    for (const QString& line : lines) most = std::max(most, QFontMetricsF(font).horizontalAdvance(line));
+    return most;
+  };
+  QStringList lines{value};
+  if (widest(lines) > room.width()) lines = value.split(QLatin1Char(' '));
+  if (const double wide = widest(lines); wide > room.width()) {
+    font.setPointSizeF(font.pointSizeF() * room.width() / wide * 0.97);  // a hair less: hinting rounds
+  }
+  painter.setFont(font);
+  painter.drawText(room, Qt::AlignCenter, lines.join(QLatin1Char('\n')));
 }
 
 void drawArrow(QPainter& painter, const QPointF& from, const QPointF& to) {
@@ -47,11 +69,13 @@ LoopDiagram::LoopDiagram() {
 }
 
 QSize LoopDiagram::sizeHint() const {
-  return {fontMetrics().averageCharWidth() * 90, fontMetrics().height() * 8};
+  return {fontMetrics().averageCharWidth() * 90, qRound(fontMetrics().height() * (2 * kBlockLines + 1.6))};
 }
 
+// No title is cut.
 QSize LoopDiagram::minimumSizeHint() const {
-  return {fontMetrics().averageCharWidth() * 60, sizeHint().height()};
+  const int title = fontMetrics().horizontalAdvance(QLatin1String(kFilter)) + 8;
+  return {qRound(title * (kBlocks + (kBlocks - 1) * kArrowShare)), sizeHint().height()};
 }
 
 void LoopDiagram::take(const board::Tuning& tuning) {
@@ -76,7 +100,7 @@ void LoopDiagram::paintEvent(QPaintEvent* /*event*/) {
   const Signs signs(palette());
   const double line = fontMetrics().height();
   const double block = width() / (kBlocks + (kBlocks - 1) * kArrowShare);
-  const double high = line * 3;
+  const double high = line * kBlockLines;
   const auto boxOf = [&](int column, double top) {
     return QRectF(column * block * (1 + kArrowShare), top, block, high);
   };
@@ -84,13 +108,8 @@ void LoopDiagram::paintEvent(QPaintEvent* /*event*/) {
     drawBox(painter, box, 5, tones.card, edge);
     painter.setPen(tones.muted);
     painter.drawText(box.adjusted(2, line * 0.3, -2, 0), Qt::AlignHCenter | Qt::AlignTop, title);
-    QFont bold = font();
-    bold.setBold(true);
-    painter.setFont(bold);
     painter.setPen(tones.text);
-    const QRectF room = box.adjusted(3, 0, -3, -line * 0.3);
-    painter.drawText(room, Qt::AlignHCenter | Qt::AlignBottom,
-                     QFontMetricsF(bold).elidedText(value, Qt::ElideRight, room.width()));
+    drawValue(painter, box.adjusted(3, line * 1.3, -3, -line * 0.2), value);
     painter.setFont(font());
   };
 
@@ -100,7 +119,7 @@ void LoopDiagram::paintEvent(QPaintEvent* /*event*/) {
   draw(boxOf(0, upper), QStringLiteral("Reference"), texts_.reference, tones.edge);
   draw(boxOf(1, upper), QStringLiteral("R divider"), texts_.r, tones.edge);
   draw(boxOf(2, upper), QStringLiteral("Detector"), texts_.detector, loop);
-  draw(boxOf(3, upper), QStringLiteral("Pump and filter"),
+  draw(boxOf(3, upper), QLatin1String(kFilter),
        texts_.locked ? QStringLiteral("settled") : QStringLiteral("not settled"), loop);
   draw(boxOf(4, upper), QStringLiteral("Oscillator"), texts_.output, loop);
   draw(boxOf(3, lower), QStringLiteral("N divider"), texts_.n, loop);

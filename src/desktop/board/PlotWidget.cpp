@@ -144,9 +144,4 @@ double niceStep(double length, double most) {
   return 10 * power;
 }
 
-int decimalsFor(double step) {
-  // The margin keeps 0.001 from counting as a hair less.
-  return std::max(0, static_cast<int>(std::lround(std::ceil(-std::log10(step) - 1e-9))));
-}
-
 }  // namespace tessarine::desktop

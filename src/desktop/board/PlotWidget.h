@@ -61,7 +61,5 @@ class PlotWidget : public QWidget {
 
 // A step of 1, 2 or 5 times a power of ten that divides `length` into at most `most` parts.
 [[nodiscard]] double niceStep(double length, double most);
-// The digits behind the point that tell multiples of `step` apart.
-[[nodiscard]] int decimalsFor(double step);
 
 }  // namespace tessarine::desktop

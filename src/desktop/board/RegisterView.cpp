@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
+#include <string_view>
 #include <utility>
 
 #include "desktop/Style.h"
@@ -20,6 +21,18 @@ namespace {
 
 QString bitRange(int offset, int width) {
   return width == 1 ? QString::number(offset) : QStringLiteral("%1:%2").arg(offset + width - 1).arg(offset);
+}
+
+int widestMeaning(const board::Chip& chip, const QFontMetrics& metrics) {
+  int widest = metrics.horizontalAdvance(QStringLiteral("never loaded"));
+  for (const board::Register& spec : chip.map().registers) {
+    for (const board::Field& field : spec.fields) {
+      for (const std::string_view meaning : field.meanings) {
+        widest = std::max(widest, metrics.horizontalAdvance(text(meaning)));
+      }
+    }
+  }
+  return widest;
 }
 
 // The parent owns it.
@@ -36,8 +49,8 @@ RegisterView::RegisterView() {
   tree_.setObjectName(QStringLiteral("registers"));
   tree_.setColumnCount(kColumns);
   tree_.setHeaderLabels({QStringLiteral("Register, field"), QStringLiteral("New"), QStringLiteral("Bits"),
-                         QStringLiteral("Binary"), QStringLiteral("Hex"), QStringLiteral("Value"),
-                         QStringLiteral("Meaning")});
+                         QStringLiteral("Value"), QStringLiteral("Meaning"), QStringLiteral("Hex"),
+                         QStringLiteral("Binary")});
   tree_.headerItem()->setToolTip(kChanged, QStringLiteral("Changed by the last load"));
   tree_.setSelectionMode(QAbstractItemView::SingleSelection);
   tree_.setAllColumnsShowFocus(true);
@@ -116,7 +129,9 @@ void RegisterView::build(const board::Chip* chip) {
   }
   // Wide enough for the longest word, before any is loaded.
   tree_.header()->resizeSections(QHeaderView::ResizeToContents);
+  tree_.setColumnWidth(kMeaning, widestMeaning(*chip, fontMetrics()) + 16);
   const QFontMetrics metrics(fixed);
+  tree_.setColumnWidth(kValue, metrics.horizontalAdvance(QString(8, QLatin1Char('0'))) + 8);
   tree_.setColumnWidth(kBinary, metrics.horizontalAdvance(groupedBinary(0, 24)) + 16);
   tree_.setColumnWidth(kHex, metrics.horizontalAdvance(hexText(0, 24)) + 16);
 }

@@ -12,7 +12,7 @@ namespace tessarine::desktop {
 
 class RegisterView : public BoardView {
  public:
-  enum Column { kName, kChanged, kBits, kBinary, kHex, kValue, kMeaning, kColumns };
+  enum Column { kName, kChanged, kBits, kValue, kMeaning, kHex, kBinary, kColumns };
 
   RegisterView();
   void take(const board::EvaluationBoard& board, std::optional<double> askedMHz) override;

@@ -10,9 +10,11 @@ namespace tessarine::desktop {
 void Saving::save(QWidget& parent, const FileKind& kind, const QByteArray& bytes) const {
   const QString path = ask(parent, kind);
   if (path.isEmpty()) return;
-  // A full disk or a lost folder leaves an older file of this name as it was.
+  // A full disk or a lost folder leaves an older file of this name as it was. What is held back is written
+  // first: commit() does not tell that it could not.
   QSaveFile file(path);
-  const bool saved = file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.commit();
+  const bool saved =
+      file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size() && file.flush() && file.commit();
   const QString shown = QDir::toNativeSeparators(path);
   tell(saved ? QStringLiteral("Saved %1").arg(shown)
              : QStringLiteral("Could not save %1: %2").arg(shown, file.errorString()));

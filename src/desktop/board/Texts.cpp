@@ -1,5 +1,6 @@
 #include "desktop/board/Texts.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <cstdlib>
@@ -23,7 +24,17 @@ QString frequencyText(double megahertz) {
 QString offsetText(double hertz) {
   const double tenths = std::round(hertz * 10) / 10;
   if (tenths == 0) return QStringLiteral("0.0 Hz");
-  return (tenths > 0 ? QStringLiteral("+") : QString()) + fixedText(tenths, 1) + QStringLiteral(" Hz");
+  const QString sign = tenths > 0 ? QStringLiteral("+") : QString();
+  if (std::abs(tenths) < 1e3) return sign + fixedText(tenths, 1) + QStringLiteral(" Hz");
+  if (std::abs(tenths) < 1e6) return sign + shortText(tenths / 1e3) + QStringLiteral(" kHz");
+  return sign + shortText(tenths / 1e6) + QStringLiteral(" MHz");
+}
+
+QString tickText(double value, double step) {
+  const double decimals =
+      std::ceil(-std::log10(step) - 1e-9);  // the margin keeps 0.001 from counting as less
+  const double shown = std::abs(value) < step / 2 ? 0 : value;
+  return fixedText(shown, std::max(0, static_cast<int>(std::lround(decimals))));
 }
 
 QString timeText(double microseconds) {

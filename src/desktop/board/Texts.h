@@ -19,10 +19,12 @@ namespace tessarine::desktop {
 [[nodiscard]] QString megahertzText(double megahertz);
 // In the unit of its size: "10 MHz", "200 kHz".
 [[nodiscard]] QString frequencyText(double megahertz);
-// With its sign, in tenths: "+12.5 Hz", "0.0 Hz".
+// With its sign, to a tenth of a hertz, in the unit of its size: "+12.5 Hz", "-90 kHz", "0.0 Hz".
 [[nodiscard]] QString offsetText(double hertz);
 // In the unit of its size: "12 µs", "3.25 ms", "2.5 s".
 [[nodiscard]] QString timeText(double microseconds);
+// A multiple of `step` at a line of a grid, with the digits that tell it from its neighbours; never "-0".
+[[nodiscard]] QString tickText(double value, double step);
 // "0000 1111 0000", in fours from the right.
 [[nodiscard]] QString groupedBinary(std::uint32_t bits, int width);
 // "0x00C8"

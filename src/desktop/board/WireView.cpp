@@ -19,7 +19,7 @@ WireView::WireView(const board::EvaluationBoard& board, const Saving& saving)
   fold_.setChecked(true);
   fold_.setToolTip(QStringLiteral("Shows long silences short, so that bits and pauses fit one picture"));
   save_.setToolTip(QStringLiteral("Saves all that was recorded of the three wires"));
-  cursor_.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  cursor_.setWordWrap(true);
 
   auto* const bar = new QHBoxLayout;
   bar->addWidget(&cursor_, 1);
