@@ -27,7 +27,7 @@ int run(const ProgramKind& kind, const Options& options, std::vector<char*>& too
   toolkitWords.push_back(nullptr);
   desktop::endWithoutDisplay();
   QApplication application(count, toolkitWords.data());
-  desktop::dress(application);
+  desktop::dress(application, kind.name);
   desktop::Desktop desktop;
   screen = &desktop;
   const auto link = linkToBoard(options, desktop,
@@ -46,6 +46,7 @@ int run(const ProgramKind& kind, const Options& options, std::vector<char*>& too
                                     .onFirstShow = [&] { link->listen(); }});
   const desktop::BoardKey boardKey(boardWindow);
   desktop.run(program.forms, program.door, [&] {
+    if (link->virtualBoard() != nullptr) boardWindow.openBelow();
     program.start();
     if (link->virtualBoard() != nullptr) boardWindow.openBeside(desktop.windowOf(program.window));
   });

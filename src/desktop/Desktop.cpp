@@ -4,6 +4,7 @@
 #include <QEventLoop>
 #include <QFontMetrics>
 #include <QLabel>
+#include <QLayout>
 #include <QMessageBox>
 #include <QTimer>
 #include <cmath>
@@ -35,13 +36,19 @@ class Modal {
 // Room for the title, and a button of the size that those of the windows have.
 void fitBox(QMessageBox& box) {
   const QFontMetrics metrics = box.fontMetrics();
-  constexpr int kTitleButtons = 8;  // what a frame puts beside its title, in letters of it
-  if (auto* const text = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"))) {
-    text->setMinimumWidth(metrics.horizontalAdvance(box.windowTitle()) +
-                          kTitleButtons * metrics.horizontalAdvance(QLatin1Char('M')));
+  constexpr int kTitleButtons = 12;  // what a frame puts beside its title, in letters of it
+  const int title = metrics.horizontalAdvance(box.windowTitle()) +
+                    kTitleButtons * metrics.horizontalAdvance(QLatin1Char('M'));
+  auto* const text = box.findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+  // A least width of its own would cut a text that needs more.
+  if (text && text->sizeHint().width() < title) text->setMinimumWidth(title);
+  if (box.icon() == QMessageBox::NoIcon) {
+    for (int index = 0; index < box.layout()->count(); ++index) {
+      if (QSpacerItem* const place = box.layout()->itemAt(index)->spacerItem()) place->changeSize(0, 0);
+    }
   }
   for (QAbstractButton* const button : box.buttons()) {
-    button->setMinimumSize(metrics.averageCharWidth() * 14, metrics.height() * 3 / 2);
+    button->setMinimumSize(metrics.averageCharWidth() * 14, metrics.height() * 2);
   }
 }
 
@@ -57,10 +64,10 @@ void endOnFatal(QtMsgType type, const QMessageLogContext& /*context*/, const QSt
 
 void endWithoutDisplay() { qInstallMessageHandler(endOnFatal); }
 
-void dress(QApplication& application) {
+void dress(QApplication& application, const char* program) {
   qInstallMessageHandler(nullptr);
   application.setApplicationName(QString::fromLatin1(kApplicationTitle));
-  application.setDesktopFileName(QStringLiteral("tessarine"));
+  application.setDesktopFileName(QLatin1String(program));
   application.setQuitOnLastWindowClosed(false);
   application.setCursorFlashTime(0);  // a blinking cursor would cost time while nothing happens
   auto style = std::make_unique<Style>();

@@ -18,8 +18,9 @@ namespace tessarine::desktop {
 // 69 (EX_UNAVAILABLE), not with the toolkit's crash.
 void endWithoutDisplay();
 
-// Sets the look and the icon of the application. Call it before any window is made.
-void dress(QApplication& application);
+// Sets the look and the icon of the application, and the name of its desktop file. Call it before any window
+// is made.
+void dress(QApplication& application, const char* program = "tessarine");
 
 class Desktop : public Screen, public forms::Observer, public Hands {
  public:

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <QElapsedTimer>
+#include <QLabel>
 #include <QMessageBox>
 #include <QTimer>
 #include <algorithm>
@@ -95,6 +96,8 @@ TEST(Messages, ShowTitleTextAndIconAsTheyAre) {
     EXPECT_EQ(box->textFormat(), Qt::PlainText);
     EXPECT_EQ(box->icon(), QMessageBox::Critical);
     EXPECT_EQ(box->standardButtons(), QMessageBox::Ok);
+    const auto* const shown = box->findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
+    EXPECT_GE(shown->width(), shown->sizeHint().width());
     seen = true;
     QTest::keyClick(box, Qt::Key_Escape);
   });

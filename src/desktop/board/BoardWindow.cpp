@@ -41,6 +41,8 @@ QString faultText(board::BoardFault fault) {
   return {};
 }
 
+bool knowsPlaces() { return !QGuiApplication::platformName().startsWith(QLatin1String("wayland")); }
+
 QFont enlarged(const QFont& base, double factor, bool bold) {
   QFont font = base;
   font.setPointSizeF(base.pointSizeF() * factor);
@@ -215,7 +217,12 @@ bool BoardWindow::isCovered() const {
   });
 }
 
+void BoardWindow::openBelow() {
+  if (!knowsPlaces()) show();
+}
+
 void BoardWindow::openBeside(QWidget* other) {
+  if (!knowsPlaces()) return;
   QWindow* const handle = other == nullptr ? nullptr : other->windowHandle();
   if (handle == nullptr) return;
   if (!handle->isExposed()) {

@@ -41,8 +41,11 @@ class BoardWindow : public QWidget {
   BoardWindow(const BoardWindow&) = delete;
   BoardWindow& operator=(const BoardWindow&) = delete;
 
-  // Shows the window beside `other`, which keeps the keyboard, as soon as that one is on the screen. Null:
-  // never.
+  // Where windows have no places that a program knows (Wayland), the last one shown lies on top: shows this
+  // one before the others.
+  void openBelow();
+  // Elsewhere shows the window beside `other`, which keeps the keyboard, as soon as that one is on the
+  // screen. Null: never.
   void openBeside(QWidget* other);
   // Hides the window; brings it to the front where it is hidden or covered. Another one keeps the keyboard.
   void toggle();
