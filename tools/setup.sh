@@ -6,7 +6,7 @@ desktop_packages=(qt6-base-dev)
 test_packages=(
   libgtest-dev libgmock-dev libbenchmark-dev
   clang clang-format clang-tidy libclang-rt-dev
-  xvfb xauth xdotool openbox imagemagick
+  xvfb xauth xdotool openbox imagemagick locales
 )
 # Tests that miss one of these say so and count as skipped.
 bench_packages=(sigrok-cli qemu-system-x86 busybox-static cpio strace xz-utils zstd)

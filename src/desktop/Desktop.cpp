@@ -6,12 +6,11 @@
 #include <QLabel>
 #include <QLayout>
 #include <QMessageBox>
-#include <QTimer>
-#include <cmath>
 #include <cstdlib>
 #include <iostream>
 #include <string>
 
+#include "desktop/Deadline.h"
 #include "desktop/Icon.h"
 #include "desktop/Signals.h"
 #include "desktop/Style.h"
@@ -186,13 +185,10 @@ void Desktop::processEvents() {
 void Desktop::sleepUntilEvent(double seconds) {
   throwIfEnded();
   if (!(seconds > 0)) return;
-  // The timer is the event that ends the sleep when nothing else does. The toolkit cannot wait without
+  // The deadline is the event that ends the sleep when nothing else does. The toolkit cannot wait without
   // handing events on, so what wakes us has been handled when this returns; the caller lets events run next
   // all the same.
-  QTimer deadline;
-  deadline.setSingleShot(true);
-  deadline.setTimerType(Qt::PreciseTimer);
-  deadline.start(static_cast<int>(std::lround(std::ceil(seconds * 1000))));
+  const Deadline deadline(seconds);
   QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   throwIfEnded();
 }

@@ -27,7 +27,9 @@ void bareLoad(PortDriver& driver);
 
 // The working screen with a chip picked, tuned to 1800 MHz with the panels as they start up.
 struct NullBench {
-  explicit NullBench(const std::string& model) {
+  explicit NullBench(const std::string& model) : NullBench(model, ownScreen, ownClock) {}
+  NullBench(const std::string& model, Screen& screen, Clock& clock)
+      : platform{port, port, usb, host, clock, screen} {
     program.start();
     program.door.click(program.window.ContinueCommand);
     for (auto& [index, entry] : program.window.pllM.members()) {
@@ -47,9 +49,9 @@ struct NullBench {
   NullPort port;
   FakeUsb usb;
   FakeHost host;
-  FakeClock clock;
-  FakeScreen screen{clock};
-  Platform platform{port, port, usb, host, clock, screen};
+  FakeClock ownClock;
+  FakeScreen ownScreen{ownClock};
+  Platform platform;
   Program program{platform};
   PLL& pll = program.module.ThePLL();
 };

@@ -7,6 +7,7 @@
 #include <QMessageBox>
 #include <QTimer>
 #include <algorithm>
+#include <clocale>
 #include <ctime>
 #include <functional>
 #include <string>
@@ -83,6 +84,11 @@ TEST(Ending, ReachesThroughWhateverLetsEventsRun) {
     EXPECT_THROW(wait(bench), ProgramEnded);
     EXPECT_EQ(bench.program.forms.modal(), nullptr);
   }
+}
+
+TEST(Locale, HasADecimalCommaInAllOfTheseTests) {
+  if (std::localeconv()->decimal_point != std::string(","))
+    GTEST_SKIP() << "SKIPPED: the windows were NOT tried with a decimal comma: there is no such locale";
 }
 
 TEST(Messages, ShowTitleTextAndIconAsTheyAre) {

@@ -65,10 +65,6 @@ check 'three words of 24 clock pulses' 0 72 '' grep -cx '1!' wires.vcd
 check 'a trace nowhere' 2 '*' '*none/wires.vcd cannot be written' "$program" --trace none/wires.vcd tune.script
 check 'a trace on a full disk' 2 "$word" '*cannot be written in full' "$program" --trace /dev/full tune.script
 
-# A decimal comma in the surroundings changes no number.
-printf 'wait 2.5\ntime\n' >time.script
-check 'a locale with a decimal comma' 0 $'time\t2.5' '' env LC_ALL=de_DE.UTF-8 "$program" time.script
-
 # Lines come out one by one, while the script is still being typed.
 mkfifo typed
 "$program" <typed >spoken &
