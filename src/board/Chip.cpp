@@ -1,10 +1,13 @@
 #include "board/Chip.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstddef>
 #include <stdexcept>
+#include <utility>
 
 #include "board/NumberText.h"
+#include "board/Ratings.h"
 
 namespace tessarine::board {
 
@@ -15,6 +18,11 @@ std::string Tuning::reason() const {
     text += fault;
   }
   return text;
+}
+
+std::optional<double> Tuning::divider(std::string_view name) const {
+  const auto found = std::ranges::find(dividers, name, &Divider::name);
+  return found == dividers.end() ? std::nullopt : std::optional<double>(found->value);
 }
 
 void Tuning::divideReference(std::uint32_t r, double factor) {
@@ -94,9 +102,7 @@ Tuning Chip::tune(double referenceMHz) const {
   }
   map().tune(*this, tuning);
 
-  if (model_->highestMHz > 0 && tuning.outputMHz && *tuning.outputMHz > model_->highestMHz)
-    tuning.notes.push_back("the output is above " + shortText(model_->highestMHz) +
-                           " MHz, the highest of the " + std::string(model_->name));
+  for (std::string& sentence : brokenRatings(*model_, tuning)) tuning.notes.push_back(std::move(sentence));
   const LockOutput& output = map().lockOutput;
   tuning.lockPin = tuning.locked() && (output.registerName.empty() ||
                                        value(output.registerName, output.fieldName) == output.value);

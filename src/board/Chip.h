@@ -29,6 +29,7 @@ struct Tuning {
 
   [[nodiscard]] bool locked() const { return faults.empty(); }
   [[nodiscard]] std::string reason() const;  // all faults in one line
+  [[nodiscard]] std::optional<double> divider(std::string_view name) const;
 
   // Steps of a tune function: the detector runs at `referenceMHz` x `factor` / R, the output at detector x N.
   void divideReference(std::uint32_t r, double factor = 1);

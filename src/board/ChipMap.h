@@ -8,6 +8,8 @@
 #include <span>
 #include <string_view>
 
+#include "board/Ratings.h"
+
 namespace tessarine::board {
 
 class Chip;
@@ -102,8 +104,7 @@ struct ChipMap {
 struct ChipModel {
   std::string_view name;
   const ChipMap* map = nullptr;
-  double highestMHz = 0;         // rated output frequency; 0: not stated
-  double highestCounterMHz = 0;  // what the counters behind the prescaler can follow; 0: not stated
+  Ratings ratings = {};
 };
 
 [[nodiscard]] std::span<const ChipModel> chipModels();

@@ -17,7 +17,8 @@ constexpr Text kPrescaler[] = {"4/5", "8/9"};
 
 // ---- ADF4251, ADF4252: the RF synthesizer, three control bits
 
-constexpr Text kRfPumpCurrent[] = {"0.625 mA", "1.875 mA", "3.125 mA", "4.375 mA"};  // with 2.7 kOhm
+// Nominal: no sheet at hand states the currents.
+constexpr Text kRfPumpCurrent[] = {"0.625 mA", "1.875 mA", "3.125 mA", "4.375 mA"};
 constexpr Text kEnabled[] = {"enabled", "disabled"};
 constexpr Text kMasterMux[] = {"logic low",
                                "IF analog lock detect",
@@ -84,7 +85,7 @@ constexpr Obstacle k425xObstacles[] = {
 
 constexpr Text k4153Mux[] = {"three-state",      "digital lock detect", "N divider output", "logic high",
                              "R divider output", "analog lock detect",  "fastlock switch",  "logic low"};
-// With 5.1 kOhm; the top bit halves the current.
+// Nominal, the top bit halves the current; no sheet at hand states the currents.
 constexpr Text k4153PumpCurrent[] = {"0.63 mA", "1.25 mA", "1.88 mA", "2.50 mA", "3.13 mA", "3.75 mA",
                                      "4.38 mA", "5.00 mA", "0.31 mA", "0.63 mA", "0.94 mA", "1.25 mA",
                                      "1.57 mA", "1.88 mA", "2.19 mA", "2.50 mA"};

@@ -7,7 +7,6 @@
 
 #include "board/Chip.h"
 #include "board/ChipMaps.h"
-#include "board/NumberText.h"
 
 namespace tessarine::board {
 
@@ -31,7 +30,7 @@ constexpr Text kLockPrecision[] = {"3 cycles", "5 cycles"};
 constexpr Text kAntiBacklash[] = {"2.9 ns", "1.3 ns", "6.0 ns", "2.9 ns"};
 constexpr Text kCurrentSetChosen[] = {"current setting 1", "current setting 2"};
 constexpr Text kFastlockMode[] = {"mode 1", "mode 2"};
-// Steps of an eighth; the full current is 5 mA with the usual 4.7 kOhm resistor.
+// Nominal: steps of an eighth; no sheet at hand states the currents.
 constexpr Text kPumpCurrent[] = {"0.625 mA", "1.250 mA", "1.875 mA", "2.500 mA",
                                  "3.125 mA", "3.750 mA", "4.375 mA", "5.000 mA"};
 constexpr Text kAdfPrescaler[] = {"8/9", "16/17", "32/33", "64/65"};
@@ -74,6 +73,7 @@ constexpr Register kAdfRegisters[] = {
 
 // ---- LMX2306, LMX2316, LMX2326, ADF4118: 21 bits, two control bits at the low end
 
+// As the program's own panel says.
 constexpr Text kPumpGain[] = {"0.25 mA", "1 mA"};
 
 constexpr Field kLmxRFields[] = {
@@ -136,7 +136,8 @@ constexpr Register kLmx2325Registers[] = {
     {"N", 19, 0b1, 0b0, true, kLmx2315NFields},
 };
 
-// The prescaler counts P + 1 for A of the B cycles, so it cannot swallow more often than B.
+// The prescaler counts P + 1 for A of the B cycles, so it cannot swallow more often than B. Both rules stand
+// in the data sheet of the LMX2306, LMX2316 and LMX2326 (page 16); the others have the same counters.
 void dualModulus(std::uint32_t p, const Chip& chip, Tuning& tuning) {
   const std::uint32_t a = chip.value("N", "A");
   const std::uint32_t b = chip.value("N", "B");
@@ -149,10 +150,6 @@ void dualModulus(std::uint32_t p, const Chip& chip, Tuning& tuning) {
   } else if (a > b) {
     tuning.faults.push_back("A = " + std::to_string(a) + " is above B = " + std::to_string(b));
   }
-  const double limit = chip.model().highestCounterMHz;
-  if (limit > 0 && tuning.outputMHz && *tuning.outputMHz / p > limit)
-    tuning.notes.push_back("behind the prescaler " + shortText(p) + " the output is above " +
-                           shortText(limit) + " MHz");
 }
 
 void tuneAdf411x(const Chip& chip, Tuning& tuning) {

@@ -200,15 +200,21 @@ TEST(Chips, NoteWhatTheyCannotFollow) {
     std::vector<std::string> notes;
   } cases[] = {
       {"ADF4110", 10, kSet4113, {above550}},
-      {"ADF4110", 20, kSet4113, {"behind the prescaler 8 the output is above 200 MHz", above550}},
-      {"ADF4153",
+      // Nothing is known of the counters of the one, nor of the least INT of the others.
+      {"ADF4110", 20, kSet4113, {above550}},
+      {"ADF4153", 10, with(with(kSet4153, 3, 0x0780C8), 2, 0x1040C9), {}},
+      {"ADF4193", 26, joined(kPowerUp4193, "0280D0/24"_w), {}},
+      {"ADF4153", 10, with(kSet4153, 3, 0x0780CC), {"FRAC = 51 is above MOD = 50"}},
+      {"ADF4156",
        10,
-       with(with(kSet4153, 3, 0x0780C8), 2, 0x1040C9),
-       {"FRAC = 50 is not below MOD = 50", "INT = 30 is below 31, the least with prescaler 4"}},
-      {"ADF4153",
-       10,
-       with(kSet4153, 3, 0x320004),
-       {"the output is above 2000 MHz, the highest with prescaler 4"}},
+       with(kSet4153, 3, 0x0580C8),
+       {"FRAC = 50 is not below MOD = 50", "INT = 22 is below 23, the least for this chip"}},
+      {"ADF4251", 10, kSet4252, {"INT = 20 is below 31, the least for this chip"}},
+      {"ADF4251",
+       40,
+       with(kSet4252, 3, 0x180008),
+       {"detector 40 MHz is above 30 MHz, the most for this chip",
+        "behind the prescaler 4 the output is above 375 MHz"}},
   };
   for (const auto& c : cases) {
     BoardBench bench(c.chip, c.referenceMHz);
