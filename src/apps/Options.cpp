@@ -3,10 +3,13 @@
 #include <getopt.h>
 
 #include <algorithm>
+#include <charconv>
 #include <cstddef>
+#include <cstdint>
 #include <iostream>
 #include <span>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 #include "platform/Fault.h"
@@ -28,7 +31,7 @@ constexpr OptionSpec kOptions[] = {
     {"board", "hardware|virtual|gpio", "the way out to the board"},
     {"wires", "FILE", "with --board gpio: which lines are which", &Options::wires},
     {"serve", "[HOST:]PORT", "remote control over TCP, on 127.0.0.1 unless a HOST is written",
-     &Options::serve, false},
+     &Options::serve},
     {"record", "FILE.script", "writes what the operator does as a script", &Options::record, false},
     {"trace", "FILE.vcd", "writes what goes over the three wires", &Options::trace},
     {"help", nullptr, "tells this"},
@@ -140,6 +143,17 @@ BoardKind boardNamed(std::string_view name) {
   return found->board;
 }
 
+// "5025", "localhost:5025", "[::1]:5025".
+void checkAddress(const std::string& address) {
+  const std::size_t colon = address.rfind(':');
+  const std::string_view port = std::string_view(address).substr(colon == std::string::npos ? 0 : colon + 1);
+  std::uint16_t number = 0;
+  const auto [end, error] = std::from_chars(port.data(), port.data() + port.size(), number);
+  if (error != std::errc() || end != port.data() + port.size() || colon == 0) {
+    throw Misuse("--serve is [HOST:]PORT, the port 0 to 65535, not " + inQuotes(address));
+  }
+}
+
 int told(const std::string& text) {
   std::cout << text << std::flush;
   return std::cout ? 0 : kBadUsage;
@@ -160,6 +174,7 @@ void take(const OptionSpec& spec, std::string_view argument, const ProgramKind& 
     if (argument.empty()) throw Misuse(name + " names no " + spec.argument);
     if (!value.empty()) throw Misuse(name + " stands there twice");
     value = argument;
+    if (&value == &options.serve) checkAddress(value);
   }
 }
 
@@ -178,7 +193,6 @@ void takeScript(std::span<char*> words, const ProgramKind& program, Options& opt
   if (program.hasWindow || words.size() > 1) throw Misuse(inQuotes(words.back()) + " is one word too many");
   options.script = words.front();
   if (options.script.empty()) throw Misuse("an empty word names no FILE");
-  if (options.script == "-") options.script.clear();
 }
 
 Options parsed(const ProgramKind& program, std::vector<char*>& words) {

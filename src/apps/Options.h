@@ -28,7 +28,7 @@ struct Options {
   std::string record;
   std::string trace;
   GpioWires lines = usualGpioWires();  // those of `wires`, where it was given
-  std::string script;                  // empty: standard input
+  std::string script;                  // "-" is standard input, and so is none where nothing is served
   // The exit status of a program that has nothing more to do: --help and --version were answered, or bad
   // usage was told on standard error.
   std::optional<int> done;

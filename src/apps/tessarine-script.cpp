@@ -16,6 +16,7 @@
 
 #include "apps/BoardLink.h"
 #include "apps/Options.h"
+#include "apps/RemoteControl.h"
 #include "apps/TraceFile.h"
 #include "board/NumberText.h"
 #include "script/Interpreter.h"
@@ -97,13 +98,16 @@ int runScript(const Options& options, const Script& script) {
   TraceFile trace(options.trace, [](const std::string& why) { (void)failed(kProgram, why); });
   if (!trace.open()) return failed(kProgram, options.trace + " cannot be written");
   script::VirtualTime virtualTime;
-  script::RealTime realTime;
+  WatchfulTime realTime;
   const bool isVirtual = options.board == BoardKind::virtualBoard;
-  script::ScriptTime& time = isVirtual ? static_cast<script::ScriptTime&>(virtualTime) : realTime;
+  // Clients live in real time.
+  const bool timeIsVirtual = isVirtual && options.serve.empty();
+  script::ScriptTime& time = timeIsVirtual ? static_cast<script::ScriptTime&>(virtualTime) : realTime;
   script::ScriptScreen screen(time, std::cout);
-  const auto link = linkToBoard(options, screen,
+  RemoteControl remote(kProgram, options, screen);
+  const auto link = linkToBoard(options, remote.screen(),
                                 {.microseconds = [&time] { return time.now(); },
-                                 .clock = isVirtual ? &virtualTime : nullptr,
+                                 .clock = timeIsVirtual ? &virtualTime : nullptr,
                                  .bell = {}});
   link->onNotice([](const std::string& text) { (void)failed(kProgram, text); });
   screen.afterMessage = [advice = PortAdvice(*link)]() mutable { advice.tell(); };
@@ -115,12 +119,17 @@ int runScript(const Options& options, const Script& script) {
     if (script.asksForLatches) link->board().collectLatches();
   }
   trace.listen(*link);
+  remote.connect(program, *link);
 
   program.start();
   Interpreter interpreter(
       {program.forms, program.door, screen, bench ? &*bench : nullptr, std::cout, std::cerr}, *script.text,
       script.name);
   int status = interpreter.run();
+  if (remote.server() != nullptr && !screen.ended()) {
+    screen.forgetActions();
+    serveUntilEnd(*remote.server(), realTime, screen);
+  }
   if (!isVirtual && program.module.WritesGivenUp > 0) {
     (void)failed(kProgram, std::to_string(program.module.WritesGivenUp) +
                                " writes to the port were given up: it did not give back what was written");
@@ -149,7 +158,10 @@ std::optional<std::string> contents(const std::string& path) {
 int run(const Options& options) {
   Script script{.text = &std::cin, .name = "stdin", .asksForLatches = true};
   std::istringstream file;
-  if (!options.script.empty()) {
+  if (!options.serve.empty() && options.script.empty()) {
+    script.text = &file;  // none: clients take its place
+    script.asksForLatches = false;
+  } else if (!options.script.empty() && options.script != "-") {
     auto text = contents(options.script);
     if (!text) return failed(kProgram, options.script + " cannot be read");
     if (text->size() > kMostBytes) return failed(kProgram, options.script + " is larger than 64 MB");

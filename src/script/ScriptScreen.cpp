@@ -50,6 +50,9 @@ void ScriptScreen::processEvents() {
     action();
     throwIfEnded();
   }
+  if (!runOtherEvents) return;
+  runOtherEvents();
+  throwIfEnded();
 }
 
 void ScriptScreen::sleepUntilEvent(double seconds) {

@@ -31,11 +31,15 @@ class ScriptScreen final : public Screen {
 
   // Runs `action` when events next run at or after `time`; those of one time in the order of their coming.
   void at(std::int64_t time, std::function<void()> action);
+  // None of what was put down is carried out any more.
+  void forgetActions() { actions_.clear(); }
   // Lets events run up to `time`, stopping at the time of each action.
   void runEventsUntil(std::int64_t time);
 
   // Called behind each message, where set.
   std::function<void()> afterMessage;
+  // Runs with the actions whenever events run, where set.
+  std::function<void()> runOtherEvents;
   // Works a form that the program has opened modally until it is hidden.
   std::function<void(forms::Form&)> operateModal;
 

@@ -15,9 +15,10 @@ declare -A sees=(
   [window]="$windows $model $ground" [modes]="$windows $model $ground" [dialogs]="$windows $model $ground"
   [board]="board platform"  # the receiving end shares no code with the sending one
   [script]="script window dialogs $ground"
+  [remote]="remote script board window dialogs $ground"
   [desktop]="desktop board window dialogs $ground"
   [platform/linux]="platform/linux platform"
-  [apps]="apps desktop script board platform/linux $windows $model $ground"
+  [apps]="apps desktop remote script board platform/linux $windows $model $ground"
 )
 
 failures=0

@@ -1,0 +1,55 @@
+// What --serve asks for: other programs work this one over TCP, beside its operator.
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "apps/BoardLink.h"
+#include "apps/Options.h"
+#include "platform/Platform.h"
+#include "platform/Sockets.h"
+#include "remote/ClientScreen.h"
+#include "remote/Server.h"
+#include "script/ScriptScreen.h"
+#include "script/ScriptTime.h"
+#include "window/Program.h"
+
+namespace tessarine {
+
+class RemoteControl {
+ public:
+  // Listens from now on and tells where, if the options say so; a Fault tells why not. `screen` is that of
+  // the program.
+  RemoteControl(const ProgramKind& kind, const Options& options, Screen& screen);
+
+  // The one to make the program with.
+  [[nodiscard]] Screen& screen();
+  // From now on clients are answered, as often as events are served. The program and the link outlive this.
+  void connect(Program& program, BoardLink& link);
+  // Null where nothing is served.
+  [[nodiscard]] remote::Server* server() { return server_ ? &*server_ : nullptr; }
+
+ private:
+  const ProgramKind& kind_;
+  const Options& options_;
+  Screen& plain_;
+  std::optional<remote::ClientScreen> screen_;
+  std::unique_ptr<Listener> listener_;
+  std::optional<remote::Server> server_;
+};
+
+// Real time that is slept away watching over what comes in from outside.
+class WatchfulTime : public script::RealTime {
+ public:
+  void sleepUntil(std::int64_t time) override;
+  // Null: nothing any more.
+  void watch(const EventSource* source) { source_ = source; }
+
+ private:
+  const EventSource* source_ = nullptr;
+};
+
+// Lets clients work a program without a window until it has ended.
+void serveUntilEnd(EventSource& source, WatchfulTime& time, script::ScriptScreen& screen);
+
+}  // namespace tessarine

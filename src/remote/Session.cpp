@@ -1,0 +1,128 @@
+#include "remote/Session.h"
+
+#include <exception>
+#include <utility>
+
+namespace tessarine::remote {
+namespace {
+
+constexpr std::size_t kLineCost = 64;         // of its bookkeeping
+constexpr std::size_t kMostOutput = 1 << 18;  // that a client may leave unread before its commands wait
+constexpr std::size_t kKeptEnd = 16;          // of a line that is too long
+
+bool isRequest(std::string_view line) { return line.ends_with(" HTTP/1.0") || line.ends_with(" HTTP/1.1"); }
+
+}  // namespace
+
+// ------------------------------------------------------------------------------------------------- Lines
+
+void Session::receive(std::string_view bytes) {
+  while (!bytes.empty() && !isBrowser_) {
+    const std::size_t end = bytes.find('\n');
+    take(bytes.substr(0, end));
+    if (end == std::string_view::npos) return;
+    endLine();
+    bytes.remove_prefix(end + 1);
+  }
+}
+
+void Session::take(std::string_view piece) {
+  line_ += piece;
+  // A CR may be a part of the line's end.
+  const std::size_t length = line_.size() - (line_.ends_with('\r') ? 1 : 0);
+  if (length > kLongestLine) lineIsTooLong_ = true;
+  if (lineIsTooLong_ && line_.size() > kKeptEnd) line_.erase(0, line_.size() - kKeptEnd);
+}
+
+void Session::endLine() {
+  Line line{std::exchange(line_, {}), std::exchange(lineIsTooLong_, false)};
+  if (line.text.ends_with('\r')) line.text.pop_back();
+  isBrowser_ = std::exchange(isFirstLine_, false) && isRequest(line.text);
+  if (line.isTooLong) line.text.clear();
+  if (isBrowser_ || (line.text.empty() && !line.isTooLong)) return;
+  queued_ += line.text.size() + kLineCost;
+  lines_.push_back(std::move(line));
+}
+
+void Session::beginLine() {
+  const Line line = std::move(lines_.front());
+  lines_.pop_front();
+  queued_ -= line.text.size() + kLineCost;
+  if (line.isTooLong) status.add(-363);
+  commands_ = commandsOf(line.text);
+  path_.clear();
+}
+
+// -------------------------------------------------------------------------------------------- Commands
+
+bool Session::canRun() const {
+  if (isBusy_ || (isWaiting_ && overlapped_ > 0) || output.size() > kMostOutput) return false;
+  return !commands_.empty() || !lines_.empty();
+}
+
+void Session::runNext() {
+  if (commands_.empty()) beginLine();
+  if (commands_.empty()) return;
+  isWaiting_ = false;
+  last_ = std::exchange(commands_.front(), {});
+  commands_.pop_front();
+  bool released = false;
+  released_ = &released;
+  isBusy_ = true;
+  try {
+    perform_(*this, commandOf(last_, path_));
+  } catch (const Refused& why) {
+    status.add(why.number, why.detail);
+  } catch (const std::exception& fault) {
+    status.add(-200, fault.what());
+  }
+  if (!released) release();
+}
+
+void Session::release() {
+  if (!isBusy_) return;
+  isBusy_ = false;
+  *released_ = true;
+  released_ = nullptr;
+  if (commands_.empty()) endReplies();
+  if (onRelease && canRun()) onRelease();
+}
+
+void Session::overlap(const std::function<void()>& action) {
+  ++overlapped_;
+  release();
+  try {
+    action();
+  } catch (const Refused& why) {
+    status.add(why.number, why.detail);
+  }
+  if (--overlapped_ == 0 && std::exchange(tellsCompletion_, false)) status.raise(Status::kComplete);
+}
+
+bool Session::isComplete() {
+  if (overlapped_ == 0) return true;
+  commands_.push_front(last_);
+  isWaiting_ = true;
+  return false;
+}
+
+void Session::tellCompletion() {
+  if (overlapped_ == 0) {
+    status.raise(Status::kComplete);
+  } else {
+    tellsCompletion_ = true;
+  }
+}
+
+// --------------------------------------------------------------------------------------------- Replies
+
+void Session::reply(std::string_view text) {
+  if (std::exchange(hasReplied_, true)) output += ';';
+  output += text;
+}
+
+void Session::endReplies() {
+  if (std::exchange(hasReplied_, false)) output += '\n';
+}
+
+}  // namespace tessarine::remote
