@@ -22,8 +22,8 @@ Listening listenAt(const std::string& address) {
 
 }  // namespace
 
-RemoteControl::RemoteControl(const ProgramKind& kind, const Options& options, Screen& screen)
-    : kind_(kind), options_(options), plain_(screen) {
+RemoteControl::RemoteControl(const ProgramKind& kind, const Options& options)
+    : kind_(kind), options_(options) {
   if (options.serve.empty()) return;
   Listening listening = listenAt(options.serve);
   if (!listening.isLoopback) {
@@ -33,10 +33,12 @@ RemoteControl::RemoteControl(const ProgramKind& kind, const Options& options, Sc
   }
   std::cout << "serving\t" << listening.address << std::endl;
   listener_ = std::move(listening.listener);
-  screen_.emplace(screen);
+  address_ = std::move(listening.address);
 }
 
-Screen& RemoteControl::screen() { return screen_ ? static_cast<Screen&>(*screen_) : plain_; }
+Screen& RemoteControl::screenOver(Screen& screen) {
+  return listener_ ? static_cast<Screen&>(screen_.emplace(screen)) : screen;
+}
 
 void RemoteControl::connect(Program& program, BoardLink& link) {
   if (!listener_) return;
@@ -49,6 +51,10 @@ void RemoteControl::connect(Program& program, BoardLink& link) {
           .name = kind_.name,
           .readsLockPin = [&program, hasPin] { return hasPin || program.module.PortType == "USB"; }},
       *screen_, std::move(listener_));
+}
+
+std::string RemoteControl::describe() const {
+  return server_ ? "Remote control on " + address_ + ": " + server_->describe() : std::string();
 }
 
 void WatchfulTime::sleepUntil(std::int64_t time) {

@@ -1,8 +1,10 @@
 // What --serve asks for: other programs work this one over TCP, beside its operator.
 #pragma once
 
+#include <cstdint>
 #include <memory>
 #include <optional>
+#include <string>
 
 #include "apps/BoardLink.h"
 #include "apps/Options.h"
@@ -18,21 +20,22 @@ namespace tessarine {
 
 class RemoteControl {
  public:
-  // Listens from now on and tells where, if the options say so; a Fault tells why not. `screen` is that of
-  // the program.
-  RemoteControl(const ProgramKind& kind, const Options& options, Screen& screen);
+  // Listens from now on and tells where, if the options say so; a Fault tells why not.
+  RemoteControl(const ProgramKind& kind, const Options& options);
 
-  // The one to make the program with.
-  [[nodiscard]] Screen& screen();
+  // The one to make a program with that is to show on `screen`.
+  [[nodiscard]] Screen& screenOver(Screen& screen);
   // From now on clients are answered, as often as events are served. The program and the link outlive this.
   void connect(Program& program, BoardLink& link);
+  // Where it listens, the clients, and what was asked last; empty where nothing is served.
+  [[nodiscard]] std::string describe() const;
   // Null where nothing is served.
   [[nodiscard]] remote::Server* server() { return server_ ? &*server_ : nullptr; }
 
  private:
   const ProgramKind& kind_;
   const Options& options_;
-  Screen& plain_;
+  std::string address_;
   std::optional<remote::ClientScreen> screen_;
   std::unique_ptr<Listener> listener_;
   std::optional<remote::Server> server_;

@@ -2,13 +2,16 @@
 
 #include <QApplication>
 #include <exception>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "apps/BoardLink.h"
+#include "apps/RemoteControl.h"
 #include "apps/SteadyTime.h"
 #include "apps/TraceFile.h"
 #include "desktop/Desktop.h"
+#include "desktop/SocketWatch.h"
 #include "desktop/board/BoardWindow.h"
 #include "window/Program.h"
 
@@ -23,6 +26,8 @@ int run(const ProgramKind& kind, const Options& options, std::vector<char*>& too
   });
   if (!trace.open()) return failed(kind, options.trace + " cannot be written");
 
+  RemoteControl remote(kind, options);
+
   int count = static_cast<int>(toolkitWords.size());
   toolkitWords.push_back(nullptr);
   desktop::endWithoutDisplay();
@@ -30,7 +35,7 @@ int run(const ProgramKind& kind, const Options& options, std::vector<char*>& too
   desktop::dress(application, kind.name);
   desktop::Desktop desktop;
   screen = &desktop;
-  const auto link = linkToBoard(options, desktop,
+  const auto link = linkToBoard(options, remote.screenOver(desktop),
                                 {.microseconds = steadyMicroseconds, .bell = [] { QApplication::beep(); }});
   link->onNotice([&](const std::string& text) { desktop.tell(text); });
   // The message of a failed write names the address alone.
@@ -40,10 +45,14 @@ int run(const ProgramKind& kind, const Options& options, std::vector<char*>& too
   Program program(link->platform());
   link->connect(program);
   trace.listen(*link);
+  remote.connect(program, *link);
+  std::optional<desktop::SocketWatch> watch;
+  if (remote.server() != nullptr) watch.emplace(*remote.server());
   desktop::BoardWindow boardWindow({.board = link->board(),
                                     .virtualBoard = link->virtualBoard(),
                                     .askedMHz = [&] { return link->askedMHz(); },
-                                    .onFirstShow = [&] { link->listen(); }});
+                                    .onFirstShow = [&] { link->listen(); },
+                                    .remote = [&] { return remote.describe(); }});
   const desktop::BoardKey boardKey(boardWindow);
   desktop.run(program.forms, program.door, [&] {
     if (link->virtualBoard() != nullptr) boardWindow.openBelow();

@@ -104,8 +104,8 @@ int runScript(const Options& options, const Script& script) {
   const bool timeIsVirtual = isVirtual && options.serve.empty();
   script::ScriptTime& time = timeIsVirtual ? static_cast<script::ScriptTime&>(virtualTime) : realTime;
   script::ScriptScreen screen(time, std::cout);
-  RemoteControl remote(kProgram, options, screen);
-  const auto link = linkToBoard(options, remote.screen(),
+  RemoteControl remote(kProgram, options);
+  const auto link = linkToBoard(options, remote.screenOver(screen),
                                 {.microseconds = [&time] { return time.now(); },
                                  .clock = timeIsVirtual ? &virtualTime : nullptr,
                                  .bell = {}});

@@ -82,6 +82,11 @@ BoardWindow::BoardWindow(BoardFeed feed)
                        "out from it, not measured."));
   }
   column->addWidget(&status_);
+  remote_.setObjectName(QStringLiteral("boardRemote"));
+  remote_.setTextFormat(Qt::PlainText);
+  remote_.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  remote_.setVisible(!feed_.remote().empty());
+  column->addWidget(&remote_);
   resize(fontMetrics().averageCharWidth() * 140, fontMetrics().height() * 38);
 
   next_.setSingleShot(true);
@@ -139,7 +144,8 @@ void BoardWindow::fillFaults() {
 // ------------------------------------------------------------------------------------------------ Refreshing
 
 bool BoardWindow::isUpToDate() const {
-  return shownVersion_ == feed_.board.version() && shownAsked_ == feed_.askedMHz();
+  return shownVersion_ == feed_.board.version() && shownAsked_ == feed_.askedMHz() &&
+         shownRemote_ == feed_.remote();
 }
 
 void BoardWindow::watch() {
@@ -154,6 +160,8 @@ void BoardWindow::refresh() {
   sinceRefresh_.start();
   shownVersion_ = feed_.board.version();
   shownAsked_ = feed_.askedMHz();
+  shownRemote_ = feed_.remote();
+  setTextIfNew(remote_, QString::fromStdString(shownRemote_));
   takeHeader();
   // The tab widget knows its pages as plain widgets.
   const std::array<BoardView*, 4> views = {&chip_, &registers_, &wire_, &frequency_};

@@ -12,6 +12,7 @@
 #include <cstdint>
 #include <functional>
 #include <optional>
+#include <string>
 
 #include "board/VirtualBoard.h"
 #include "desktop/board/ChipView.h"
@@ -32,6 +33,8 @@ struct BoardFeed {
   std::function<std::optional<double>()> askedMHz = [] { return std::optional<double>(); };
   // Called before the window shows for the first time.
   std::function<void()> onFirstShow = [] {};
+  // Who works the program from outside, in a line; empty where nobody can.
+  std::function<std::string()> remote = [] { return std::string(); };
 };
 
 class BoardWindow : public QWidget {
@@ -87,12 +90,14 @@ class BoardWindow : public QWidget {
   QLabel faultCaption_{QStringLiteral("&Fault")};
   QComboBox fault_;
   QLabel status_;
+  QLabel remote_;
 
   QPointer<QWidget> beside_;  // to open beside, when it is on the screen
   bool opened_ = false;
   bool inFront_ = false;  // of the program's other windows
   std::optional<std::uint64_t> shownVersion_;
   std::optional<double> shownAsked_;
+  std::string shownRemote_;
   // The next refresh. It runs only when there is something new.
   QTimer next_;
   QElapsedTimer sinceRefresh_;
