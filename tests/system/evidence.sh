@@ -28,25 +28,49 @@ bytes() {
     awk -v stage="$2" '$1 == 7 { on = sprintf("%02x", stage) == $2; next } on'
 }
 
-# The words that a chip on clock 1, data 2 and load enable 4 latches from them, one a line.
-wire() {
-  bytes "$1" "$2" | awk '
+# The words that a chip latches from lines "0 VALUE", in hexadecimal, one a line.
+latched() { # CLOCK DATA LOAD, by their masks
+  awk -v c="$1" -v d="$2" -v l="$3" '
     function digit(c) { return index("0123456789abcdef", c) - 1 }
     $1 == 0 {
-      low = digit(substr($2, length($2)))
-      clock = low % 2; data = int(low / 2) % 2; load = int(low / 4) % 2
+      low = digit(tolower(substr($2, length($2))))
+      clock = int(low / c) % 2; data = int(low / d) % 2; load = int(low / l) % 2
       if (clock && !clockBefore) bits = bits data
       if (load && !loadBefore) { print bits; bits = "" }
       clockBefore = clock; loadBefore = load
     }'
 }
 
+# Those of each load pulse, from the bytes of the port or from the pins of a USB module, step by step.
+pulses() {
+  if told "$1" "$2" | grep -q '^USB . levels'; then
+    told "$1" "$2" | sed -n 's/^USB . levels //p' | fold -w 2 | sed 's/^/0 /' | latched 8 4 2
+  else
+    bytes "$1" "$2" | latched 1 2 4
+  fi
+}
+
+# Of a stage on "USB" without the empty pulses: there each word has one of its own, and then the port's.
+wire() {
+  if grep -q "^STAGE $2 .*USB" "$work/$1.told"; then pulses "$1" "$2" | grep .; else pulses "$1" "$2"; fi
+}
+
+# Those of each load pulse are what the virtual board latches from the same script.
+boardAgrees() { # SCRIPT
+  local board latched
+  board=$( (cat "$3"; echo latches) | "$program" | grep '^latch')
+  latched=$(pulses "$1" "$2" | sed 's/^/latch\t/')
+  [ "$(echo "$board" | wc -l)" -gt 99 ] && [ "$board" = "$latched" ]
+  verdict $? "$1, stage $2: $(echo "$latched" | wc -l) load pulses are those of the virtual board"
+  [ "$board" = "$latched" ] || diff <(echo "$board") <(echo "$latched")
+}
+
 panel() { told "$1" "$2" | awk -F '\t' 'NF == 2 && $2 ~ /^[01]+$/ { print $2 }'; }
 
-wordsAgree() {
+wordsAgree() { # [LAST]
   local shown latched
-  shown=$(panel "$1" "$2")
-  latched=$(wire "$1" "$2")
+  shown=$(panel "$1" "$2" | tail -n "${3:-99}")
+  latched=$(wire "$1" "$2" | tail -n "${3:-99}")
   [ -n "$shown" ] && [ "$shown" = "$latched" ]
   verdict $? "$1, stage $2: the words on the wire are the ones on the panel: $(echo $shown)"
   [ "$shown" = "$latched" ] || printf 'on the wire:\n%s\ntold:\n%s\n' "$latched" "$(told "$1" "$2")"
@@ -81,6 +105,15 @@ endedWith() { # STATUS
 goesOn() {
   told "$1" "$2" | grep -qx "GeneralFrame	1" && told "$1" "$2" | grep -qx "EXIT 3"
   verdict $? "$1, stage $2: the program goes on and tells the writes that were given up"
+}
+
+# Lines of what was told, one directly behind the other.
+inOrder() { # LINE...
+  local bench=$1 stage=$2 all
+  shift 2
+  all=$'\n'$(told "$bench" "$stage")$'\n'
+  [[ $all == *$'\n'"$(printf '%s\n' "$@")"$'\n'* ]]
+  verdict $? "$bench, stage $stage: one after the other: $*"
 }
 
 leftAtRest() { # CONTROL-REGISTER-AS-FOUND

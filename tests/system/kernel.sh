@@ -4,7 +4,8 @@
 # which returns 1 when the package cannot be had; why stands on standard output.
 
 # Below drivers/ of the kernel's modules.
-kernelModules=(parport/parport parport/parport_pc char/ppdev char/lp)
+kernelModules=(parport/parport parport/parport_pc char/ppdev char/lp usb/common/usb-common usb/core/usbcore
+  usb/usbip/usbip-core usb/usbip/vhci-hcd usb/serial/usbserial usb/serial/ftdi_sio)
 
 kernelPackage() {
   apt-cache depends linux-image-amd64 2> /dev/null | awk '/Depends: linux-image-/ { print $2; exit }'
