@@ -1,9 +1,8 @@
 // From frequencies to counter values, and on to the words of the chip in use.
 #include <cmath>
 #include <string>
-#include <string_view>
 
-#include "engine/Models.h"
+#include "engine/ChipType.h"
 #include "engine/Module1.h"
 #include "engine/Numbers.h"
 #include "engine/PLL.h"
@@ -29,25 +28,10 @@ bool PLL::CalcRegisters() {
     module_.platform.screen.messageBox("Pls. set Prescalar", Icon::plain);
     return false;
   }
-  const std::string_view model = module_.CurrentModel;
-  if (isOneOf(model, kADF4252Models)) {
-    CalcADF4252();
-  } else if (isOneOf(model, kADF4153Models)) {
-    CalcADF4153();
-  } else if (model == kADF4193) {
-    Calculate_ADF_4193();
-  } else if (model == kSKY72300) {
-    CalcSKY72300();
-  } else {
-    splitTotal();
-    if (isOneOf(model, kADFModels)) {
-      CalcADFWords();
-    } else if (isOneOf(model, kLMXModels)) {
-      CalcLMXWords();
-    } else if (isOneOf(model, kLMX2315Models)) {
-      CalcLMX2315Words();
-    }
-  }
+  const ChipType* const chip = ChipType::named(module_.CurrentModel);
+  // A model without words gets its dividers all the same.
+  if (!chip || chip->family->dual) splitTotal();
+  if (chip && chip->family->calculate) chip->family->calculate(*this);
   return true;
 }
 

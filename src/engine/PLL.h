@@ -16,6 +16,7 @@
 
 namespace tessarine {
 
+struct ChipType;
 struct Module1;
 
 class PLL {
@@ -182,15 +183,16 @@ class PLL {
   void UpdateSetup_SKY72300();
 
  private:
+  friend struct ChipType;  // whose table names the steps of each chip
   friend struct PLLProbe;  // tests and benchmarks look at single steps through it
   class TurnedWords;
 
   // engine/
   bool CalcRegisters();  // false: no prescaler, all words stand as they were
   void splitTotal();
-  void setControlBits(std::string_view model);
+  void setControlBits(const ChipType* chip);
   void sendSKYWords(TurnedWords& turned);
-  void sendWords(bool onlyChanged);
+  void sendThreeWords();
   void loadADF4193(bool onlyChanged);
 
   // chips/

@@ -1,9 +1,8 @@
 // The load: settles two control bits, calculates, and sends the words in the order that the chip needs.
-#include <string_view>
 #include <utility>
 #include <vector>
 
-#include "engine/Models.h"
+#include "engine/ChipType.h"
 #include "engine/PLL.h"
 #include "engine/Rounding.h"
 #include "platform/Fault.h"
@@ -40,32 +39,38 @@ class PLL::TurnedWords {
 };
 
 void PLL::SetPLL(bool CheckCurrentRegValue) {
-  const String model = module_.CurrentModel;
-  if (model == kUMC) {
-    Set_UMC();
+  const ChipType* const chip = ChipType::named(module_.CurrentModel);
+  if (chip && chip->family->load) {
+    chip->family->load(*this);
     return;
   }
+  const bool sentFirst = chip && chip->family->sentBeforeCalculated;
   TurnedWords turned;
-  if (model == kSKY72300) {
+  if (sentFirst) {
     sendSKYWords(turned);
   } else {
-    setControlBits(model);
+    setControlBits(chip);
   }
+  // By the model chosen now: the message of a missing prescaler may have let the operator pick another one.
+  const auto familyNow = [this] {
+    const ChipType* const now = ChipType::named(module_.CurrentModel);
+    return now ? *now->family : ChipFamily{};
+  };
   try {
     // A word that a refused calculation has left alone must go out right the next time.
-    if (CalcRegisters() && module_.CurrentModel == kSKY72300) turned.replaced();
+    if (CalcRegisters() && familyNow().sentBeforeCalculated) turned.replaced();
   } catch (const Fault&) {
     // The last of the words that are out already has left load enable high.
-    if (model == kSKY72300) PortWrite(module_, module_.PortAddress, 0);
+    if (sentFirst) PortWrite(module_, module_.PortAddress, 0);
     throw;
   }
-  sendWords(CheckCurrentRegValue);
+  if (const auto send = familyNow().send) send(*this, CheckCurrentRegValue);
   PortWrite(module_, module_.PortAddress, 0);
   if (DelayAfterLock > 0) DelayMs(module_, toInteger(DelayAfterLock * 1000.0, "Delay after lock"));
 }
 
-void PLL::setControlBits(std::string_view model) {
-  if (isOneOf(model, kPanelGainModels)) {
+void PLL::setControlBits(const ChipType* chip) {
+  if (chip && chip->gainFromPanel) {
     LDPrecision = "0";  // and GoBit stays what the panel made it
     return;
   }
@@ -92,19 +97,10 @@ void PLL::sendSKYWords(TurnedWords& turned) {
   }
 }
 
-// By the model chosen now: the message of a missing prescaler may have let the operator pick another one.
-void PLL::sendWords(bool onlyChanged) {
-  const std::string_view model = module_.CurrentModel;
-  const bool fractional = isOneOf(model, kADF4252Models) || isOneOf(model, kADF4153Models);
-  if (model == kADF4193) {
-    loadADF4193(onlyChanged);
-  } else if (fractional || isOneOf(model, kADFModels) || isOneOf(model, kLMXModels) ||
-             isOneOf(model, kLMX2315Models)) {
-    if (fractional) LoadMstr();
-    LoadFstr();
-    LoadRstr();
-    LoadNstr();
-  }
+void PLL::sendThreeWords() {
+  LoadFstr();
+  LoadRstr();
+  LoadNstr();
 }
 
 void PLL::loadADF4193(bool onlyChanged) {

@@ -3,11 +3,11 @@
 #include <string>
 
 #include "engine/BitStrings.h"
+#include "engine/ChipType.h"
 #include "engine/Numbers.h"
 #include "engine/PLL.h"
 #include "platform/Platform.h"
 #include "transport/PortAccess.h"
-#include "window/Models.h"
 #include "window/PllForm1.h"
 
 namespace tessarine {
@@ -26,7 +26,7 @@ void PllForm1::StartHop_Click() {
   if (leadingNumber(VCOText.Text.get()) < 0) return;
   try {
     readFrequencies();
-    if (module_.CurrentModel == "ADF4193") {
+    if (hasPanel(ChipPanel::ADF4193)) {
       hopADF4193();
     } else {
       hopOthers();
@@ -71,7 +71,7 @@ void PllForm1::hopOthers() {
   const Integer HopDelay = leadingInteger(DelayText.Text.get(), "Delay Between Hops");
   Integer HopsLeft = leadingInteger(HopText.Text.get(), "Number of Hops");
   showThreeWords();
-  if (isADF411x(module_.CurrentModel)) takeFunctionLatch();
+  if (hasPanel(ChipPanel::ADF4113)) takeFunctionLatch();
   HopRunning = true;
   while (HopsLeft > 0 && HopRunning) {
     screen.processEvents();

@@ -2,6 +2,7 @@
 // step is a complete load.
 #include <exception>
 
+#include "engine/ChipType.h"
 #include "engine/Numbers.h"
 #include "engine/PLL.h"
 #include "platform/Fault.h"
@@ -38,7 +39,7 @@ void PllForm1::startSweep() {
   (void)readPace();  // refused before anything is sent
   readFrequencies();
   pll.Fvco = leadingNumber(StartText1.Text.get());
-  if (module_.CurrentModel == "ADF4193") startADF4193();
+  if (hasPanel(ChipPanel::ADF4193)) startADF4193();
 
   // The operator may have typed while the power-up waited.
   const auto [SweepStep, SweepDelay] = readPace();

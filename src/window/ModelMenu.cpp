@@ -2,27 +2,18 @@
 // sends nothing.
 #include <array>
 #include <string>
-#include <string_view>
 #include <vector>
 
-#include "window/Models.h"
+#include "engine/ChipType.h"
 #include "window/PllForm1.h"
 
 namespace tessarine {
 
-namespace {
-
-const std::vector<std::string> kDualModulusFractional = {"4/5", "8/9"};
-const std::vector<std::string> kDualModulusADF411x = {"8/9", "16/17", "32/33", "64/65"};
-const std::vector<std::string> kDualModulusLMX = {"32/33"};
-
-}  // namespace
-
 void PllForm1::pllM_Click(int Index) {
   showCommonState();
   const std::string entry = pllM(Index).Caption;
-  // The ADF4106 is driven word for word as an ADF4113.
-  module_.CurrentModel = entry == "ADF4106" ? "ADF4113" : entry;
+  const ChipType* const chip = ChipType::inMenu(entry);
+  module_.CurrentModel = chip ? String(chip->name) : entry;
 
   // In this order: picking the checked entry again leaves it without its mark.
   pllM(Index).Checked = true;
@@ -30,8 +21,8 @@ void PllForm1::pllM_Click(int Index) {
   CurrentModelIndex = static_cast<Integer>(Index);
 
   GeneralFrame.Caption = "    PLL Model :  " + entry + "    ";
-  showRegisterRows(isFractional(module_.CurrentModel));
-  showModelControls();
+  showRegisterRows(chip && chip->rows == WordRows::four);
+  if (chip) showModelControls(*chip);
   parallelForm.OKButton_Click();
 }
 
@@ -80,18 +71,10 @@ void PllForm1::offerPrescalers(const std::vector<std::string>& items) {
   showPrescalerBits(true);
 }
 
-void PllForm1::showModelControls() {
-  const std::string& model = module_.CurrentModel;
-  if (model == "ADF4193") {
-    offerPrescalers(kDualModulusFractional);
-    showADF4193Controls();
-  } else if (isFractional(model)) {
-    offerPrescalers(kDualModulusFractional);
-  } else if (isADF411x(model)) {
-    offerPrescalers(kDualModulusADF411x);
-  } else if (model == "LMX2306" || model == "LMX2316" || model == "LMX2326") {
-    offerPrescalers(kDualModulusLMX);
-  } else if (model == "SKY72300-362") {
+void PllForm1::showModelControls(const ChipType& chip) {
+  if (!chip.prescalers.empty()) offerPrescalers({chip.prescalers.begin(), chip.prescalers.end()});
+  if (chip.panel == ChipPanel::ADF4193) showADF4193Controls();
+  if (chip.panel == ChipPanel::SKY72300) {
     // Visible, but without room until ACommand places it.
     Frame24.Move(1, 1, 1, 1);
     Frame24.Visible = true;

@@ -2,6 +2,7 @@
 // sends.
 #include <string>
 
+#include "engine/ChipType.h"
 #include "engine/Numbers.h"
 #include "engine/PLL.h"
 #include "platform/Platform.h"
@@ -33,24 +34,42 @@ void PllForm1::ACommand_Click() {
     return;
   }
   showPrescalerBits(false);
-  const std::string& model = module_.CurrentModel;
-  if (model.starts_with("LMX") || model == "ADF4118") Frame16.Visible = true;
-  if (model.starts_with("ADF") || model.starts_with("SKY")) {
-    if (model == "ADF4252" || model == "ADF4251") {
-      togglePanel(Frame12, kFrame12Place);
-    } else if (model == "ADF4153" || model == "ADF4156") {
-      togglePanel(Frame13, kFrame13Place);
-    } else if (model == "ADF4193") {
-      togglePanel(Frame17, kFrame17Place);
-    } else if (model == "SKY72300-362") {
-      Frame24.Visible = true;
-      Frame24.Place = kFrame24Place;
-    } else if (model != "ADF4118") {
-      togglePanel(Frame11, kFrame11Place);
-    }
-    ACommand.Caption = "Close";
+  if (const ChipType* const chip = ChipType::named(module_.CurrentModel)) {
+    openPanel(chip->panel);
+    if (chip->panelCloses) ACommand.Caption = "Close";
   }
   module_.platform.screen.processEvents();
+}
+
+bool PllForm1::hasPanel(ChipPanel panel) const {
+  const ChipType* const chip = ChipType::named(module_.CurrentModel);
+  return chip && chip->panel == panel;
+}
+
+void PllForm1::openPanel(ChipPanel panel) {
+  switch (panel) {
+    case ChipPanel::none:
+      break;
+    case ChipPanel::LMX:
+      Frame16.Visible = true;
+      break;
+    case ChipPanel::ADF4113:
+      togglePanel(Frame11, kFrame11Place);
+      break;
+    case ChipPanel::ADF4252:
+      togglePanel(Frame12, kFrame12Place);
+      break;
+    case ChipPanel::ADF4153:
+      togglePanel(Frame13, kFrame13Place);
+      break;
+    case ChipPanel::ADF4193:
+      togglePanel(Frame17, kFrame17Place);
+      break;
+    case ChipPanel::SKY72300:
+      Frame24.Visible = true;
+      Frame24.Place = kFrame24Place;
+      break;
+  }
 }
 
 void PllForm1::togglePanel(Frame& panel, Twips place) {

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "engine/BitStrings.h"
+#include "engine/ChipType.h"
 #include "engine/Numbers.h"
 #include "engine/PLL.h"
 #include "engine/Rounding.h"
@@ -63,7 +64,7 @@ void PllForm1::FracRegister() {
   readSetup(pll.SetupFileName, Text38, SetupLabel, [&] { pll.UpdateSetup_Frac(); });
   readSetup(pll.SetupFile_ADF4113, Text40, Label62(7), [&] { pll.UpdateSetup_ADF4113(); });
 
-  if (module_.CurrentModel == "SKY72300-362") takeSKYPanel();
+  if (hasPanel(ChipPanel::SKY72300)) takeSKYPanel();
 }
 
 void PllForm1::takeFunctionLatch() {

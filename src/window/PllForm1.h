@@ -19,6 +19,9 @@
 
 namespace tessarine {
 
+struct ChipType;
+enum class ChipPanel;
+
 using namespace forms;
 
 class PllForm1 : public Form, public EngineView {
@@ -556,9 +559,11 @@ class PllForm1 : public Form, public EngineView {
   void showCommonState();
   void showSetupFileRow(bool visible);
   void showRegisterRows(bool fractional);
-  void showModelControls();
+  void showModelControls(const ChipType& chip);
   void showADF4193Controls();
   // Panels.
+  void openPanel(ChipPanel panel);
+  [[nodiscard]] bool hasPanel(ChipPanel panel) const;  // the chip in use
   void togglePanel(Frame& panel, Twips place);
   void hidePanels();
   void offerPrescalers(const std::vector<std::string>& items);
