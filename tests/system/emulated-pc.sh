@@ -26,7 +26,7 @@ prepare() {
   cp "$here"/*.script "$root/scripts"
   cp -r "$cache"/modules/* "$root/modules"
   printf 'root:x:0:0:root:/:/bin/sh\nann:x:1000:1000:ann:/:/bin/sh\nbob:x:1001:1001:bob:/:/bin/sh\n' > "$root/etc/passwd"
-  printf 'root:x:0:\nlp:x:7:bob\nann:x:1000:\nbob:x:1001:\n' > "$root/etc/group"
+  printf 'root:x:0:\nlp:x:7:bob\ngpio:x:8:bob\nann:x:1000:\nbob:x:1001:\n' > "$root/etc/group"
   for binary in "$@" "$(command -v strace)"; do
     strip -o "$root/bin/$(basename "$binary")" "$binary"
     for library in $(ldd "$binary" | grep -o '/[^ ]*'); do
