@@ -32,7 +32,7 @@ constexpr OptionSpec kOptions[] = {
     {"wires", "FILE", "with --board gpio: which lines are which", &Options::wires},
     {"serve", "[HOST:]PORT", "remote control over TCP, on 127.0.0.1 unless a HOST is written",
      &Options::serve},
-    {"record", "FILE.script", "writes what the operator does as a script", &Options::record, false},
+    {"record", "FILE.script", "writes what the operator does as a script", &Options::record},
     {"trace", "FILE.vcd", "writes what goes over the three wires", &Options::trace},
     {"help", nullptr, "tells this"},
     {"version", nullptr, "tells the version"},

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "apps/BoardLink.h"
+#include "apps/Recording.h"
 #include "apps/RemoteControl.h"
 #include "apps/SteadyTime.h"
 #include "apps/TraceFile.h"
@@ -20,10 +21,11 @@ namespace {
 
 int run(const ProgramKind& kind, const Options& options, std::vector<char*>& toolkitWords) {
   desktop::Desktop* screen = nullptr;
-  TraceFile trace(options.trace, [&](const std::string& why) {
+  const auto tell = [&](const std::string& why) {
     (void)failed(kind, why);
     screen->tell(why);
-  });
+  };
+  TraceFile trace(options.trace, tell);
   if (!trace.open()) return failed(kind, options.trace + " cannot be written");
 
   RemoteControl remote(kind, options);
@@ -48,6 +50,8 @@ int run(const ProgramKind& kind, const Options& options, std::vector<char*>& too
   remote.connect(program, *link);
   std::optional<desktop::SocketWatch> watch;
   if (remote.server() != nullptr) watch.emplace(*remote.server());
+  Recording recording(options.record, *link, program,
+                      {.microseconds = steadyMicroseconds, .isVirtual = false}, tell);
   desktop::BoardWindow boardWindow({.board = link->board(),
                                     .virtualBoard = link->virtualBoard(),
                                     .askedMHz = [&] { return link->askedMHz(); },
@@ -57,9 +61,11 @@ int run(const ProgramKind& kind, const Options& options, std::vector<char*>& too
   desktop.run(program.forms, program.door, [&] {
     if (link->virtualBoard() != nullptr) boardWindow.openBelow();
     program.start();
+    recording.open();
     if (link->virtualBoard() != nullptr) boardWindow.openBeside(desktop.windowOf(program.window));
   });
-  return trace.finish() ? 0 : kBadUsage;
+  const bool isRecorded = recording.finish();
+  return trace.finish() && isRecorded ? 0 : kBadUsage;
 }
 
 }  // namespace

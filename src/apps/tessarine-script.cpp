@@ -16,6 +16,7 @@
 
 #include "apps/BoardLink.h"
 #include "apps/Options.h"
+#include "apps/Recording.h"
 #include "apps/RemoteControl.h"
 #include "apps/TraceFile.h"
 #include "board/NumberText.h"
@@ -120,6 +121,13 @@ int runScript(const Options& options, const Script& script) {
   }
   trace.listen(*link);
   remote.connect(program, *link);
+  std::optional<Recording> recording;
+  if (!options.record.empty()) {
+    recording.emplace(options.record, *link, program,
+                      Recording::Clock{[&time] { return time.now(); }, timeIsVirtual},
+                      [](const std::string& why) { (void)failed(kProgram, why); });
+    recording->open();
+  }
 
   program.start();
   Interpreter interpreter(
@@ -135,7 +143,8 @@ int runScript(const Options& options, const Script& script) {
                                " writes to the port were given up: it did not give back what was written");
     status = kPortGaveUp;
   }
-  return trace.finish() ? status : kBadUsage;
+  const bool isRecorded = !recording || recording->finish();
+  return trace.finish() && isRecorded ? status : kBadUsage;
 }
 
 // The text of a file, a byte beyond the limit at most; nothing if it cannot be read.

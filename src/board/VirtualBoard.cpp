@@ -18,6 +18,10 @@ constexpr BoardFaultName kFaults[] = {
     {BoardFault::noReference, "no-reference"},
 };
 
+std::string_view nameOf(BoardFault fault) {
+  return std::ranges::find(kFaults, fault, &BoardFaultName::fault)->name;
+}
+
 constexpr std::uint8_t kOpenBus = 0xFF;
 constexpr std::string_view kStatusPort = "A";  // the USB interface's port with the board's answer
 constexpr std::string_view kLockPin = "A3";
@@ -39,12 +43,12 @@ VirtualBoard::VirtualBoard(Bench bench, std::function<Cable()> cable)
 
 void VirtualBoard::setFault(BoardFault fault) {
   fault_ = fault;
+  if (onFault) onFault(nameOf(fault));
   board_.retune();
 }
 
 std::string VirtualBoard::describe() const {
-  const auto name = std::ranges::find(kFaults, fault_, &BoardFaultName::fault)->name;
-  return describeBoard(board_) + "fault\t" + std::string(name) + "\n";
+  return describeBoard(board_) + "fault\t" + std::string(nameOf(fault_)) + "\n";
 }
 
 void VirtualBoard::writePort(std::uint16_t address, std::uint8_t value) {

@@ -43,6 +43,8 @@ class VirtualBoard final : public PortDriver, public PortLibrary, public UsbInte
 
   void setFault(BoardFault fault);
   [[nodiscard]] BoardFault fault() const { return fault_; }
+  // Where set, called with the name of each fault that is set.
+  std::function<void(std::string_view name)> onFault;
 
   // Lines of NAME<TAB>VALUE...: the chip, its registers field by field, dividers, frequencies and lock.
   [[nodiscard]] std::string describe() const;

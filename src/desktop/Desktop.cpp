@@ -249,7 +249,7 @@ void Desktop::pick(forms::Control& control, int item) {
 }
 
 void Desktop::activate(forms::Form& form) {
-  if (!ended_ && door_ && forms_->active() != &form) door_->activate(form);
+  if (!ended_ && door_ && forms_->active() != &form) (void)door_->activate(form);
 }
 
 void Desktop::close(forms::Form& form) {

@@ -10,6 +10,7 @@ namespace tessarine {
 
 class EngineView;
 class PLL;
+class WaitWatch;
 struct Platform;
 
 struct Module1 {
@@ -23,6 +24,7 @@ struct Module1 {
 
   Platform& platform;
   EngineView* view = nullptr;  // set by the main window, which outlives every command
+  WaitWatch* waitWatch = nullptr;  // where set, told of each wait
 
   String CurrentModel;              // the model chosen in the menu: the key of every chip decision
   Integer PortAddress = 0;          // base address of the parallel port

@@ -118,9 +118,14 @@ void DirListBox::enter(const std::string& path) {
   }
 }
 
+std::string DirListBox::pathOf(int item) const {
+  const auto place = static_cast<std::size_t>(item);
+  return item < 0 || place >= paths_.size() ? std::string() : paths_[place];
+}
+
 void DirListBox::enterItem(int item) {
-  if (item < 0 || static_cast<std::size_t>(item) >= paths_.size()) return;
-  const std::string path = paths_[static_cast<std::size_t>(item)];
+  const std::string path = pathOf(item);
+  if (path.empty()) return;
   if (canEnter(path)) {
     enter(path);
   } else {

@@ -33,6 +33,8 @@ class DirListBox : public ListControl {
   void enter(const std::string& path);
   // Moves to the directory of a list line; one that has vanished is taken off the list instead.
   void enterItem(int item);
+  // The directory of a list line, empty for none.
+  [[nodiscard]] std::string pathOf(int item) const;
   // How many of the list's lines lead down to Path; the others stand below it.
   [[nodiscard]] int depth() const { return depth_; }
   void refresh();

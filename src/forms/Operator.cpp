@@ -164,7 +164,7 @@ Operator::Refusal Operator::pick(Control& control, int item) {
   if (item < 0 || static_cast<std::size_t>(item) >= list.List.get().size()) {
     return forms_.nameOf(control) + " has no item " + std::to_string(item);
   }
-  run({Deed::set, control, list.List.get()[static_cast<std::size_t>(item)]}, [&] {
+  run({Deed::pick, control, list.List.get()[static_cast<std::size_t>(item)]}, [&] {
     if (control.kind() == Kind::ComboBox) {
       static_cast<ComboBox&>(control).pick(item);
     } else if (control.kind() == Kind::FileListBox && list.ListIndex == item) {
@@ -212,9 +212,10 @@ Operator::Refusal Operator::set(Control& control, std::string_view value) {
   }
 }
 
-void Operator::activate(Form& form) {
-  if (const Form* modal = forms_.modal(); modal && modal != &form) return;
+Operator::Refusal Operator::activate(Form& form) {
+  if (auto why = refusal(form)) return why;
   run({Deed::activate, form}, {});
+  return {};
 }
 
 Operator::Refusal Operator::close(Form& form) {

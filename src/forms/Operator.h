@@ -11,10 +11,10 @@
 
 namespace tessarine::forms {
 
-enum class Deed { click, doubleClick, set, activate, close };
+enum class Deed { click, doubleClick, set, pick, activate, close };
 
 // What the operator does: to a control, or to a form as a whole. `value` is what a field is set to: a text,
-// the text of an item, "0" or "1".
+// "0" or "1"; or the text of the item that is picked.
 struct Action {
   Deed deed;
   Control& control;
@@ -48,7 +48,7 @@ class Operator {
   // Sets whatever the control holds: a text, an item, "0" or "1".
   Refusal set(Control& control, std::string_view value);
   // The operator brings a window to the front, or closes it.
-  void activate(Form& form);
+  Refusal activate(Form& form);
   Refusal close(Form& form);
 
   // Runs what is no action of the operator the way a handler runs: what it throws ends here. A fault becomes

@@ -116,12 +116,15 @@ void Interpreter::operateModal(Form& form) {
     performLine(*line);
   }
   if (!form.Visible || bench_.screen.ended()) return;
-  // The script is over: the form is left as an operator leaves it who wants nothing.
-  if (Control* const cancel = form.cancelButton()) {
-    bench_.door.click(*cancel);
-  } else {
-    bench_.door.close(form);
-  }
+  // The script is over: the form is left as an operator leaves it who wants nothing. None does: a recording
+  // of the script ends in front of this, and so comes to it again.
+  bench_.door.run([&form] {
+    if (const Control* const cancel = form.cancelButton()) {
+      if (const forms::Event handler = cancel->Click) handler();
+    } else {
+      form.Form_QueryUnload();
+    }
+  });
   if (form.Visible) form.Hide();
 }
 
@@ -137,11 +140,13 @@ void Interpreter::report(int number, const std::string& what) {
 
 void Interpreter::print(const std::string& line) { bench_.out << line << '\n' << std::flush; }
 
-Form* Interpreter::form(std::string_view name) const {
+Form& Interpreter::form(std::string_view rest) const {
+  const auto names = words(rest);
+  if (names.size() != 1) throw Malformed{};
   for (Form* const each : bench_.forms.all()) {
-    if (each->name() == name) return each;
+    if (each->name() == names.front()) return *each;
   }
-  return nullptr;
+  throw Refused("there is no window " + inQuotes(names.front()));
 }
 
 Control& Interpreter::control(std::string_view name) const {
@@ -189,11 +194,11 @@ struct Interpreter::Commands {
   }
 
   static Action close(Interpreter& script, std::string_view rest, int /*number*/) {
-    const auto names = words(rest);
-    if (names.size() != 1) throw Malformed{};
-    Form* const target = script.form(names.front());
-    if (!target) throw Refused("there is no window " + inQuotes(names.front()));
-    return [&script, target] { orRefuse(script.bench_.door.close(*target)); };
+    return [&script, &target = script.form(rest)] { orRefuse(script.bench_.door.close(target)); };
+  }
+
+  static Action activate(Interpreter& script, std::string_view rest, int /*number*/) {
+    return [&script, &target = script.form(rest)] { orRefuse(script.bench_.door.activate(target)); };
   }
 
   static Action pick(Interpreter& script, std::string_view rest, int /*number*/) {
@@ -316,6 +321,7 @@ std::span<const Interpreter::Commands::Command> Interpreter::Commands::all() {
       {"set", "set CONTROL VALUE", set},
       {"click", "click CONTROL", click},
       {"doubleclick", "doubleclick CONTROL", doubleClick},
+      {"activate", "activate FORM", activate},
       {"close", "close FORM", close},
       {"show", "show CONTROL...", show},
       {"visible", "visible CONTROL...", visible},

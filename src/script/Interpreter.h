@@ -56,8 +56,9 @@ class Interpreter {
   void print(const std::string& line);
 
   [[nodiscard]] forms::Control& control(std::string_view name) const;
-  [[nodiscard]] forms::Form* form(std::string_view name) const;
-  [[nodiscard]] forms::Control& only(std::string_view rest) const;  // the one control that `rest` names
+  // The one form or control that `rest` names.
+  [[nodiscard]] forms::Form& form(std::string_view rest) const;
+  [[nodiscard]] forms::Control& only(std::string_view rest) const;
   [[nodiscard]] forms::Control& model(std::string_view caption) const;
   [[nodiscard]] BoardProbe& board() const;
 

@@ -75,6 +75,13 @@ std::string_view unquoted(std::string_view text) {
   return quoted ? text.substr(1, text.size() - 2) : text;
 }
 
+std::string asValue(const std::string& text) {
+  constexpr std::string_view kUnseen = " \t\"";
+  const bool plain = text.empty() || (kUnseen.find(text.front()) == std::string_view::npos &&
+                                      kUnseen.find(text.back()) == std::string_view::npos);
+  return plain ? text : '"' + text + '"';
+}
+
 std::optional<std::int64_t> microseconds(std::string_view milliseconds) {
   constexpr double kYearMs = 366.0 * 24 * 3600 * 1000;
   double value = 0;

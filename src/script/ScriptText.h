@@ -24,6 +24,8 @@ std::string_view takeWord(std::string_view& text);
 [[nodiscard]] std::string_view trimmedBlanks(std::string_view text);
 // Without one pair of double quotes around it.
 [[nodiscard]] std::string_view unquoted(std::string_view text);
+// As `set` takes it: in quotes where its ends would not show.
+[[nodiscard]] std::string asValue(const std::string& text);
 
 // A time "2.5" in milliseconds as microseconds; nothing for a text that is no such number, is negative or
 // goes beyond a year.

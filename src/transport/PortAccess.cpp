@@ -6,6 +6,7 @@
 
 #include "engine/Rounding.h"
 #include "platform/Platform.h"
+#include "platform/WaitWatch.h"
 
 namespace tessarine {
 namespace {
@@ -45,6 +46,22 @@ double secondsSince(double start, Clock& clock) {
   return now < start ? now + kSecondsPerDay - start : now - start;
 }
 
+// Tells of a wait for as long as it lasts.
+class Watched {
+ public:
+  Watched(WaitWatch* watch, Integer milliseconds) : watch_(watch) {
+    if (watch_ != nullptr) watch_->waitBegins(milliseconds);
+  }
+  ~Watched() {
+    if (watch_ != nullptr) watch_->waitEnds();
+  }
+  Watched(const Watched&) = delete;
+  Watched& operator=(const Watched&) = delete;
+
+ private:
+  WaitWatch* watch_;
+};
+
 }  // namespace
 
 int PortWrite(Module1& module, int Address, int Value) {
@@ -75,6 +92,7 @@ int PortRead(Module1& module, int Address) {
 }
 
 void DelayMs(Module1& module, Integer Milliseconds) {
+  const Watched watched(module.waitWatch, Milliseconds);
   Clock& clock = module.platform.clock;
   Screen& screen = module.platform.screen;
   // Compared as Singles: the last digits of a time of day in Double are noise, which would let a wait of

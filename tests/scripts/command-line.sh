@@ -65,6 +65,12 @@ check 'three words of 24 clock pulses' 0 72 '' grep -cx '1!' wires.vcd
 check 'a trace nowhere' 2 '*' '*none/wires.vcd cannot be written' "$program" --trace none/wires.vcd tune.script
 check 'a trace on a full disk' 2 "$word" '*cannot be written in full' "$program" --trace /dev/full tune.script
 
+check 'a recording' 0 "$word" '' "$program" --record session.script tune.script
+check 'what was typed is recorded' 0 1 '' grep -cx 'set VCOText 900' session.script
+check 'a recording nowhere' 2 "$word" '*none/x.script cannot be written*' "$program" --record none/x.script tune.script
+check 'a recording on a full disk' 2 "$word" '*cannot be written in full' "$program" --record /dev/full tune.script
+check 'a recording into a pipe' 0 "$(<session.script)" '' bash -c '"$1" --record >(cat) tune.script >/dev/null; wait $!' - "$program"
+
 # Lines come out one by one, while the script is still being typed.
 mkfifo typed
 "$program" <typed >spoken &
