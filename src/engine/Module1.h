@@ -23,7 +23,7 @@ struct Module1 {
   PLL& ThePLL();
 
   Platform& platform;
-  EngineView* view = nullptr;  // set by the main window, which outlives every command
+  EngineView* view = nullptr;      // set by the main window, which outlives every command
   WaitWatch* waitWatch = nullptr;  // where set, told of each wait
 
   String CurrentModel;              // the model chosen in the menu: the key of every chip decision
