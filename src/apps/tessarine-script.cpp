@@ -21,6 +21,7 @@
 #include "apps/TraceFile.h"
 #include "board/NumberText.h"
 #include "script/Interpreter.h"
+#include "script/Snapshot.h"
 #include "window/Program.h"
 
 namespace tessarine {
@@ -130,9 +131,9 @@ int runScript(const Options& options, const Script& script) {
   }
 
   program.start();
-  Interpreter interpreter(
-      {program.forms, program.door, screen, bench ? &*bench : nullptr, std::cout, std::cerr}, *script.text,
-      script.name);
+  Interpreter interpreter({program.forms, program.door, screen, bench ? &*bench : nullptr, std::cout,
+                           std::cerr, [&program] { return script::snapshot(program); }},
+                          *script.text, script.name);
   int status = interpreter.run();
   if (remote.server() != nullptr && !screen.ended()) {
     screen.forgetActions();

@@ -286,6 +286,11 @@ struct Interpreter::Commands {
     throw Malformed{};
   }
 
+  static Action snapshot(Interpreter& script, std::string_view rest, int /*number*/) {
+    nothingMore(rest);
+    return [&script] { script.bench_.out << script.bench_.snapshot() << std::flush; };
+  }
+
   static Action time(Interpreter& script, std::string_view rest, int /*number*/) {
     nothingMore(rest);
     return [&script] { script.print(row({"time", millisecondText(script.bench_.screen.now())})); };
@@ -332,6 +337,7 @@ std::span<const Interpreter::Commands::Command> Interpreter::Commands::all() {
       {"expect", "expect CONTROL VALUE", expect},
       {"latches", "latches", latches},
       {"board", "board, board history, or board fault NAME", board},
+      {"snapshot", "snapshot", snapshot},
       {"time", "time", time},
       {"wait", "wait MS", wait, true},
       {"at", "at MS COMMAND", at, true},

@@ -30,6 +30,7 @@ class Interpreter {
     BoardProbe* board;
     std::ostream& out;
     std::ostream& errors;
+    std::function<std::string()> snapshot = {};  // the present settings as a script
   };
 
   // `fileName` stands in front of messages.

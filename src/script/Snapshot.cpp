@@ -1,0 +1,240 @@
+#include "script/Snapshot.h"
+
+#include <cstddef>
+#include <filesystem>
+#include <string_view>
+#include <system_error>
+#include <vector>
+
+#include "script/Recorder.h"
+#include "script/Route.h"
+#include "script/StandIn.h"
+#include "script/WaitedTime.h"
+
+namespace tessarine::script {
+namespace {
+
+using forms::Control;
+using forms::Kind;
+using Models = RouteFinder::Models;
+
+// Whether the operator sets what the control holds.
+bool isSetting(const Control& control) {
+  switch (control.kind()) {
+    case Kind::TextBox:
+    case Kind::ComboBox:
+    case Kind::DropList:
+    case Kind::CheckBox:
+    case Kind::OptionButton:
+      return true;
+    case Kind::Label: {
+      const forms::Look look = static_cast<const forms::Label&>(control).look;
+      return look == forms::Look::bit || look == forms::Look::clickable;
+    }
+    default:
+      return false;
+  }
+}
+
+// Does on a stand-in, which begins as a fresh program, what leads to the settings of `present`. What it does
+// is the script: so every line of it is one that the door lets in.
+class Copyist {
+ public:
+  explicit Copyist(const Program& present) : present_(present), routes_(present) {}
+
+  std::string copy() {
+    takeWayOut();
+    const auto route = routeToPresent();
+    takeWiring();
+    takeFieldsOfOtherModels(route);
+    // Picking a model, and closing one, clear fields and set others.
+    constexpr int kRounds = 4;
+    for (int round = 0; round < kRounds && !arrived(); ++round) {
+      follow(routeToPresent());
+      const auto places = differing();
+      takeWhatIsInSight(places);
+      for (const std::size_t place : places) {
+        if (differs(place)) (void)reveal(place, places, round == 0 ? Models::none : Models::all);
+      }
+    }
+    takeWindows();
+    return recorder_.text();
+  }
+
+ private:
+  // ---------------------------------------------------------------------------------------------- What
+  // differs
+
+  [[nodiscard]] const Control& wanted(std::size_t place) const { return *present_.window.controls()[place]; }
+  [[nodiscard]] Control& own(std::size_t place) { return *program_.window.controls()[place]; }
+
+  [[nodiscard]] std::string wantedValue(const Control& control) const {
+    const PllForm1& window = present_.window;
+    const bool isFile =
+        &control == &window.Text38 || &control == &window.Text40 || &control == &window.Text47;
+    std::string value = control.value();
+    if (!isFile || value.empty()) return value;
+    std::error_code vanished;
+    const std::filesystem::path path = std::filesystem::absolute(value, vanished);
+    return vanished ? value : path.string();
+  }
+
+  [[nodiscard]] bool differs(std::size_t place) {
+    const Control& control = wanted(place);
+    if (!isSetting(control) || control.value() == own(place).value()) return false;
+    // Selecting one option clears the others.
+    if (control.kind() == Kind::OptionButton) return control.value() == "1";
+    return wantedValue(control) != own(place).value();
+  }
+
+  [[nodiscard]] std::vector<std::size_t> differing() {
+    std::vector<std::size_t> places;
+    for (std::size_t i = 0; i < present_.window.controls().size(); ++i) {
+      if (differs(i)) places.push_back(i);
+    }
+    return places;
+  }
+
+  [[nodiscard]] bool arrived() { return sceneOf(program_) == sceneOf(present_) && differing().empty(); }
+
+  // --------------------------------------------------------------------------------------------------
+  // Actions
+
+  void click(std::string_view name) {
+    if (Control* const control = program_.forms.find(name)) (void)program_.door.click(*control);
+  }
+
+  void follow(const RouteFinder::Route& route) {
+    for (const std::string_view name : route) click(name);
+  }
+
+  void take(Control& control, const std::string& value) {
+    switch (control.kind()) {
+      case Kind::Label:
+      case Kind::OptionButton:
+        (void)program_.door.click(control);
+        return;
+      default:
+        (void)program_.door.set(control, value);
+    }
+  }
+
+  void takeWhatIsInSight(const std::vector<std::size_t>& places) {
+    for (const std::size_t i : places) {
+      if (differs(i) && own(i).isVisible() && own(i).isEnabled()) take(own(i), wantedValue(wanted(i)));
+    }
+  }
+
+  // Brings a control in sight and takes those of `places` that are then to be seen.
+  bool reveal(std::size_t place, const std::vector<std::size_t>& places, Models models) {
+    const auto route = routes_.find(
+        program_,
+        [&](const Program& there) { return there.window.controls()[place]->container()->isVisible(); },
+        models);
+    if (!route) return false;
+    follow(*route);
+    // The delay of a sweep is in sight in one of its two options alone.
+    if (!own(place).isVisible()) click("AutoOption1");
+    takeWhatIsInSight(places);
+    return true;
+  }
+
+  RouteFinder::Route routeToPresent() {
+    const std::string scene = sceneOf(present_);
+    const auto isThere = [&](const Program& there) { return sceneOf(there) == scene; };
+    for (const Models models : {Models::thatOne, Models::all}) {
+      if (auto route = routes_.find(program_, isThere, models)) return *route;
+    }
+    // In the middle of a command the window may look as it never does between them.
+    const auto isAlike = [&](const Program& there) {
+      return there.module.CurrentModel == present_.module.CurrentModel &&
+             there.window.GeneralFrame.isVisible() == present_.window.GeneralFrame.isVisible();
+    };
+    return routes_.find(program_, isAlike, Models::all).value_or(RouteFinder::Route{});
+  }
+
+  // ----------------------------------------------------------------------------------------------------
+  // Steps
+
+  void takeWayOut() {
+    const PllForm1& window = present_.window;
+    for (const auto& [index, option] : window.IOOption.members()) {
+      if (option.Value && !program_.window.IOOption(index).Value) {
+        (void)program_.door.click(program_.window.IOOption(index));
+      }
+    }
+  }
+
+  // Behind "Continue ...", which sets the port's address, and in front of the models, whose fields may depend
+  // on no window coming back to the front.
+  void takeWiring() {
+    const bool isOpen = present_.window.parallelForm.Visible;
+    StandIn trial;
+    trial.program.door.click(trial.program.window.Parallel);
+    const bool changes = setWiring(trial.program);
+    if (changes) (void)trial.program.door.click(trial.program.window.parallelForm.OKButton);
+    if (changes || isOpen) {
+      if (present_.window.GeneralFrame.Visible) follow({"ContinueCommand"});
+      (void)program_.door.click(program_.window.Parallel);
+    }
+    if (changes) {
+      (void)setWiring(program_);
+      // Pins that the dialog refuses are in its fields all the same.
+      ParallelForm& dialog = program_.window.parallelForm;
+      (void)program_.door.click(trial.messages == 0 ? static_cast<Control&>(dialog.OKButton)
+                                                    : static_cast<Control&>(dialog.CancelButton));
+      if (isOpen) (void)program_.door.click(program_.window.Parallel);
+    }
+    if (present_.window.aboutForm.Visible) (void)program_.door.click(program_.window.About1);
+  }
+
+  bool setWiring(Program& program) const {
+    bool changes = false;
+    const auto& wantedFields = present_.window.parallelForm.controls();
+    const auto& fields = program.window.parallelForm.controls();
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+      if (fields[i]->kind() != Kind::TextBox || fields[i]->value() == wantedFields[i]->value()) continue;
+      changes = true;
+      (void)program.door.type(*fields[i], wantedFields[i]->value());
+    }
+    return changes;
+  }
+
+  // What can only be reached by picking another model goes first: picking this one comes last.
+  void takeFieldsOfOtherModels(const RouteFinder::Route& route) {
+    Copyist ahead(present_);
+    ahead.takeWayOut();
+    ahead.follow(route);
+    ahead.takeWhatIsInSight(ahead.differing());
+    std::vector<std::size_t> others;
+    const auto hidden = ahead.differing();
+    for (const std::size_t place : hidden) {
+      if (ahead.differs(place) && !ahead.reveal(place, hidden, Models::none)) others.push_back(place);
+    }
+    for (const std::size_t place : others) {
+      if (differs(place)) (void)reveal(place, others, Models::all);
+    }
+  }
+
+  void takeWindows() {
+    const forms::Form* const active = present_.forms.active();
+    for (forms::Form* const form : program_.forms.all()) {
+      if (active != nullptr && form->name() == active->name() && program_.forms.active() != form) {
+        (void)program_.door.activate(*form);
+      }
+    }
+  }
+
+  const Program& present_;
+  RouteFinder routes_;
+  StandIn standIn_;
+  Program& program_ = standIn_.program;
+  WaitedTime time_{[this] { return standIn_.time.now(); }, true};
+  Recorder recorder_{program_.forms, program_.door, time_};
+};
+
+}  // namespace
+
+std::string snapshot(const Program& present) { return Copyist(present).copy(); }
+
+}  // namespace tessarine::script
