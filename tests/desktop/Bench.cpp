@@ -28,7 +28,13 @@ bool becomesActive(QWidget& window) {
   });
 }
 
-Bench::Bench() {
+Bench::Bench(const WaysOut* ways)
+    : platform{ways ? ways->driver : port,
+               ways ? ways->library : port,
+               ways ? ways->usb : usb,
+               host,
+               clock,
+               desktop} {
   // A program that ended before has told all event loops to end; a main loop takes that back.
   QTimer::singleShot(0, [] { QCoreApplication::exit(); });
   QCoreApplication::exec();

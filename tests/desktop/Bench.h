@@ -31,8 +31,17 @@ template <class Condition>
   return QTest::qWaitFor(holds, kPatienceMs);
 }
 
+// The ways out of a real platform.
+struct WaysOut {
+  PortDriver& driver;
+  PortLibrary& library;
+  UsbInterface& usb;
+};
+
 struct Bench {
-  Bench();
+  Bench() : Bench(nullptr) {}
+  // On `ways` in place of the fakes, where there are any.
+  explicit Bench(const WaysOut* ways);
   ~Bench() { desktop.detach(); }
   Bench(const Bench&) = delete;
   Bench& operator=(const Bench&) = delete;
@@ -69,7 +78,7 @@ struct Bench {
   FakeUsb usb;
   FakeHost host;
   Desktop desktop;
-  Platform platform{port, port, usb, host, clock, desktop};
+  Platform platform;
   Program program{platform};
 
  private:

@@ -2,18 +2,11 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstdio>
 #include <fstream>
 #include <iterator>
 #include <regex>
 
 namespace tessarine {
-
-std::string hexByte(unsigned value) {
-  char text[16];
-  std::snprintf(text, sizeof text, "%02X", value);
-  return text;
-}
 
 bool isInTheManual(std::string sentence) {
   std::ifstream file(TESSARINE_SOURCE_DIR "/docs/hardware.md");

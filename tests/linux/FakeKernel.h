@@ -7,6 +7,7 @@
 
 #include <cerrno>
 #include <cstdint>
+#include <cstdio>
 #include <map>
 #include <optional>
 #include <set>
@@ -18,7 +19,11 @@
 
 namespace tessarine {
 
-[[nodiscard]] std::string hexByte(unsigned value);
+[[nodiscard]] inline std::string hexByte(unsigned value) {
+  char text[16];
+  std::snprintf(text, sizeof text, "%02X", value);
+  return text;
+}
 
 // Whether docs/hardware.md has the sentence, for the operator who looks it up, and each command of the line
 // to type.
