@@ -13,6 +13,7 @@
 namespace tessarine::board {
 
 class Chip;
+struct ReachStrategy;
 struct Tuning;
 
 struct Field {
@@ -91,6 +92,8 @@ struct ChipMap {
   LockOutput lockOutput;
   // Works out the dividers and frequencies from the registers that are loaded.
   void (*tune)(const Chip& chip, Tuning& tuning) = nullptr;
+  // Tells beforehand what a load would give; null where nobody can.
+  const ReachStrategy* reach = nullptr;
   // True for a chip whose load writes one register several times.
   bool repeatsInLoad = false;
   // What the chip must see once, in this order, before it runs; other words may stand in between.

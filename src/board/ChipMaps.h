@@ -15,4 +15,14 @@ extern const ChipMap kAdf4193Map;
 extern const ChipMap kSky72300Map;
 extern const ChipMap kUmcMap;
 
+// What each of them can be made to give.
+extern const ReachStrategy kAdf411xReach;
+extern const ReachStrategy kLmx23x6Reach;
+extern const ReachStrategy kLmx2315Reach;
+extern const ReachStrategy kLmx2325Reach;
+extern const ReachStrategy kAdf425xReach;
+extern const ReachStrategy kAdf4153Reach;
+extern const ReachStrategy kAdf4193Reach;
+extern const ReachStrategy kSky72300Reach;
+
 }  // namespace tessarine::board

@@ -2,11 +2,11 @@
 #include <array>
 #include <cstdint>
 #include <span>
-#include <string>
 #include <string_view>
 
 #include "board/Chip.h"
 #include "board/ChipMaps.h"
+#include "board/DualModulus.h"
 
 namespace tessarine::board {
 
@@ -136,20 +136,8 @@ constexpr Register kLmx2325Registers[] = {
     {"N", 19, 0b1, 0b0, true, kLmx2315NFields},
 };
 
-// The prescaler counts P + 1 for A of the B cycles, so it cannot swallow more often than B. Both rules stand
-// in the data sheet of the LMX2306, LMX2316 and LMX2326 (page 16); the others have the same counters.
 void dualModulus(std::uint32_t p, const Chip& chip, Tuning& tuning) {
-  const std::uint32_t a = chip.value("N", "A");
-  const std::uint32_t b = chip.value("N", "B");
-  tuning.dividers.push_back({"P", static_cast<double>(p)});
-  tuning.dividers.push_back({"B", static_cast<double>(b)});
-  tuning.dividers.push_back({"A", static_cast<double>(a)});
-  tuning.multiplyDetector(static_cast<double>(p) * b + a);
-  if (b < 3) {
-    tuning.faults.push_back("B = " + std::to_string(b) + " is below 3");
-  } else if (a > b) {
-    tuning.faults.push_back("A = " + std::to_string(a) + " is above B = " + std::to_string(b));
-  }
+  divideDualModulus({.prescaler = p, .main = chip.value("N", "B"), .swallow = chip.value("N", "A")}, tuning);
 }
 
 void tuneAdf411x(const Chip& chip, Tuning& tuning) {
@@ -175,9 +163,9 @@ constexpr LockOutput kMuxLockDetect{"function", "muxout", 1};
 
 }  // namespace
 
-constinit const ChipMap kAdf411xMap{kAdfRegisters, kFunctionObstacles, kMuxLockDetect, tuneAdf411x};
-constinit const ChipMap kLmx23x6Map{kLmxRegisters, kFunctionObstacles, kMuxLockDetect, tuneLmx23x6};
-constinit const ChipMap kLmx2315Map{kLmx2315Registers, {}, {}, tuneLmx2315};
-constinit const ChipMap kLmx2325Map{kLmx2325Registers, {}, {}, tuneLmx2315};
+constinit const ChipMap kAdf411xMap{kAdfRegisters, kFunctionObstacles, kMuxLockDetect, tuneAdf411x, &kAdf411xReach};
+constinit const ChipMap kLmx23x6Map{kLmxRegisters, kFunctionObstacles, kMuxLockDetect, tuneLmx23x6, &kLmx23x6Reach};
+constinit const ChipMap kLmx2315Map{kLmx2315Registers, {}, {}, tuneLmx2315, &kLmx2315Reach};
+constinit const ChipMap kLmx2325Map{kLmx2325Registers, {}, {}, tuneLmx2315, &kLmx2325Reach};
 
 }  // namespace tessarine::board

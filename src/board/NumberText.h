@@ -1,7 +1,9 @@
 // Numbers as text, with a decimal point in every locale.
 #pragma once
 
+#include <algorithm>
 #include <charconv>
+#include <cmath>
 #include <cstdint>
 #include <string>
 
@@ -19,6 +21,28 @@ namespace tessarine::board {
   char text[400];
   const auto end = std::to_chars(text, text + sizeof text, value, std::chars_format::general, 12).ptr;
   return {text, end};
+}
+
+// As the program's messages have it: fifteen significant digits at most and no exponent below 1e15.
+[[nodiscard]] inline std::string messageText(double value) {
+  constexpr double kLongest = 1e15;
+  constexpr int kDigits = 15;
+  char text[400];
+  if (!(std::abs(value) < kLongest)) {
+    const auto end = std::to_chars(text, text + sizeof text, value, std::chars_format::general, 6).ptr;
+    return {text, end};
+  }
+  if (value == 0) return "0";
+  const auto end =
+      std::to_chars(text, text + sizeof text, value, std::chars_format::scientific, kDigits - 1).ptr;
+  const char* exponent = std::find(text, end, 'e') + 1;
+  if (*exponent == '+') ++exponent;
+  int power = 0;
+  std::from_chars(exponent, end, power);
+  std::string plain = fixedText(value, std::max(0, kDigits - 1 - power));
+  if (plain.find('.') != std::string::npos) plain.erase(plain.find_last_not_of('0') + 1);
+  if (plain.back() == '.') plain.pop_back();
+  return plain;
 }
 
 // The lowest `width` bits, the highest of them first.

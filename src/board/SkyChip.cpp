@@ -1,10 +1,10 @@
 // SKY72300-362: sixteen bits, a four-bit address first. The divider holds the ratio less 32, the fraction of
 // it is an 18-bit two's complement, its upper ten bits in R1 and its lower eight in R2.
-#include <cstdint>
 #include <string_view>
 
 #include "board/Chip.h"
 #include "board/ChipMaps.h"
+#include "board/SkyRatio.h"
 
 namespace tessarine::board {
 
@@ -61,27 +61,20 @@ constexpr Obstacle kObstacles[] = {
     {"R7", "power-down", 1, "main synthesizer powered down"},
 };
 
-// `bits` as a two's complement of `width` bits, as a part of a whole.
-double signedPart(std::uint32_t bits, int width) {
-  const double whole = static_cast<double>(1U << width);
-  return bits / whole - ((bits >> (width - 1)) != 0 ? 1 : 0);
-}
-
-double fraction(const Chip& chip) {
-  const std::uint32_t upper = chip.value("R1", "fraction, upper bits");
-  if (chip.value("R7", "divider mode") == 1) return 0;
-  if (chip.value("R7", "fraction width") == 1) return signedPart(upper, 10);
-  return signedPart(upper << 8 | chip.value("R2", "fraction, lower bits"), 18);
-}
-
 void tune(const Chip& chip, Tuning& tuning) {
   if (chip.loaded("R5")) tuning.divideReference(chip.value("R5", "reference division less 1") + 1);
   if (!chip.loaded("R0") || !chip.loaded("R1") || !chip.loaded("R2") || !chip.loaded("R7")) return;
-  tuning.multiplyDetector(chip.value("R0", "N less 32") + 32 + fraction(chip));
+  tuning.multiplyDetector(skyRatio({
+      .lessWhole = chip.value("R0", "N less 32"),
+      .fraction = chip.value("R1", "fraction, upper bits") << 8 | chip.value("R2", "fraction, lower bits"),
+      .integerOnly = chip.value("R7", "divider mode") == 1,
+      .tenBits = chip.value("R7", "fraction width") == 1,
+  }));
 }
 
 }  // namespace
 
-constinit const ChipMap kSky72300Map{kRegisters, kObstacles, {"R6", "lock detect pin", 0}, tune};
+constinit const ChipMap kSky72300Map{
+    kRegisters, kObstacles, {"R6", "lock detect pin", 0}, tune, &kSky72300Reach};
 
 }  // namespace tessarine::board
