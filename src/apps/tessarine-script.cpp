@@ -16,10 +16,12 @@
 
 #include "apps/BoardLink.h"
 #include "apps/Options.h"
+#include "apps/ReachReader.h"
 #include "apps/Recording.h"
 #include "apps/RemoteControl.h"
 #include "apps/TraceFile.h"
 #include "board/NumberText.h"
+#include "board/Reach.h"
 #include "script/Interpreter.h"
 #include "script/Snapshot.h"
 #include "window/Program.h"
@@ -131,8 +133,10 @@ int runScript(const Options& options, const Script& script) {
   }
 
   program.start();
+  ReachReader reach;
   Interpreter interpreter({program.forms, program.door, screen, bench ? &*bench : nullptr, std::cout,
-                           std::cerr, [&program] { return script::snapshot(program); }},
+                           std::cerr, [&program] { return script::snapshot(program); },
+                           [&] { return board::describeReach(reach.reach(program)); }},
                           *script.text, script.name);
   int status = interpreter.run();
   if (remote.server() != nullptr && !screen.ended()) {

@@ -280,6 +280,7 @@ struct Interpreter::Commands {
     if (asked.size() == 1 && asked.front() == "history") {
       return [&script] { script.bench_.out << script.board().history() << std::flush; };
     }
+    if (asked.size() == 1 && asked.front() == "reach") return reach(script);
     if (asked.size() == 2 && asked.front() == "fault") {
       return [&script, name = std::string(asked.back())] { orRefuse(script.board().fault(name)); };
     }
@@ -289,6 +290,12 @@ struct Interpreter::Commands {
   static Action snapshot(Interpreter& script, std::string_view rest, int /*number*/) {
     nothingMore(rest);
     return [&script] { script.bench_.out << script.bench_.snapshot() << std::flush; };
+  }
+
+  // Without a virtual board, too.
+  static Action reach(Interpreter& script) {
+    if (!script.bench_.reach) throw Refused("there is nothing to reach");
+    return [&script] { script.bench_.out << script.bench_.reach() << std::flush; };
   }
 
   static Action time(Interpreter& script, std::string_view rest, int /*number*/) {
@@ -336,7 +343,7 @@ std::span<const Interpreter::Commands::Command> Interpreter::Commands::all() {
       {"controls", "controls", controls},
       {"expect", "expect CONTROL VALUE", expect},
       {"latches", "latches", latches},
-      {"board", "board, board history, or board fault NAME", board},
+      {"board", "board, board history, board reach, or board fault NAME", board},
       {"snapshot", "snapshot", snapshot},
       {"time", "time", time},
       {"wait", "wait MS", wait, true},

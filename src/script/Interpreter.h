@@ -31,6 +31,8 @@ class Interpreter {
     std::ostream& out;
     std::ostream& errors;
     std::function<std::string()> snapshot = {};  // the present settings as a script
+    // What "board reach" prints; empty where nobody can tell.
+    std::function<std::string()> reach = {};
   };
 
   // `fileName` stands in front of messages.
