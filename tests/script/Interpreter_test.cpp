@@ -134,7 +134,7 @@ TEST_F(Script, ALineThatCannotBeCarriedOutEndsTheRun) {
       {"items Field", "Field is no list"},
       {"close Field", "there is no window \"Field\""},
       {"board", "there is no virtual board"},
-      {"board fault", "the command is: board, board history, or board fault NAME"},
+      {"board fault", "the command is: board, board history, board reach, or board fault NAME"},
   };
   for (const auto& [line, why] : cases) {
     const auto result = run("click Mark\n\n" + std::string(line) + "\nshow Log\n");

@@ -1,0 +1,195 @@
+// The reach told beforehand against what the board makes of the load.
+#include "apps/ReachReader.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <cstddef>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "board/Reach.h"
+#include "board/VirtualBoard.h"
+#include "engine/Numbers.h"
+#include "support/FakePlatform.h"
+#include "window/Program.h"
+
+namespace tessarine {
+namespace {
+
+using Texts = std::vector<const char*>;
+
+struct ReachDesk {
+  ReachDesk() {
+    host.host.version.reset();
+    program.start();
+    click("IOOption(1)");
+    click("ContinueCommand");
+  }
+  void click(const std::string& name) { EXPECT_FALSE(program.door.click(*program.forms.find(name))); }
+  void set(const std::string& name, const std::string& value) {
+    EXPECT_FALSE(program.door.set(*program.forms.find(name), value)) << name << ' ' << value;
+  }
+  // Past the door: the panel of the field may be closed.
+  void write(const std::string& name, const std::string& text) {
+    static_cast<forms::TextBox&>(*program.forms.find(name)).Text = text;
+  }
+  void pick(int index) {
+    model = program.window.pllM(index).Caption;
+    EXPECT_FALSE(program.door.click(program.window.pllM(index)));
+    wires.board().plug(model);
+  }
+  void load() {
+    host.screen.messages.clear();
+    if (model == "ADF4193") {
+      click("Command14(1)");  // which needs no prescaler
+      host.screen.messages.clear();
+      click("Command14(0)");
+      return;
+    }
+    click("AllCommand");
+    // The chip is one load late.
+    if (model == "SKY72300-362" && host.screen.messages.empty()) click("AllCommand");
+  }
+  [[nodiscard]] std::string message() const {
+    return host.screen.messages.empty() ? std::string() : host.screen.messages.front().text;
+  }
+  [[nodiscard]] const board::Tuning& tuning() const { return wires.board().tuning(); }
+  [[nodiscard]] board::Reach reach() { return reader.reach(program); }
+
+  FakePlatform host;
+  board::VirtualBoard wires{
+      {.microseconds = [this] { return host.clock.elapsed; },
+       .referenceMHz = [this] { return leadingNumber(program.window.RefText.Text.get()); }},
+      [] { return board::Cable{}; }};
+  Platform platform{wires, wires, wires, host.host, host.clock, host.screen};
+  Program program{platform};
+  ReachReader reader;
+  std::string model;
+};
+
+struct Draw {
+  std::mt19937 engine{20'26'11'23};
+
+  std::size_t below(std::size_t end) { return engine() % end; }
+  // The last ones, which no load can take, seldom.
+  const char* of(const Texts& usual, const Texts& odd = {}) {
+    return !odd.empty() && below(12) == 0 ? odd[below(odd.size())] : usual[below(usual.size())];
+  }
+  std::string between(double lowest, double highest, double grid) {
+    const double value = lowest + (highest - lowest) * static_cast<double>(below(1'000'001)) / 1e6;
+    return plainDecimal(std::round(value / grid) * grid, 12);
+  }
+};
+
+void drawFields(ReachDesk& desk, Draw& draw) {
+  const Texts wrong = {"", "0", "-3", "1e3", "99999999999999999999", "0.0000001", "1.2.3"};
+  desk.set("RefText", draw.below(3) == 0 ? draw.between(1, 120, 0.001)
+                                         : draw.of({"10", "13", "19.2", "26", "40", "100", "14.4"}, wrong));
+  desk.set("CompText", draw.below(4) == 0
+                           ? draw.between(1, 900, 0.01)
+                           : draw.of({"200", "100", "30", "12.5", "1000", "6.25", "50", "7", "5000"}, wrong));
+  const auto vco = [&] {
+    if (draw.below(12) == 0) return std::string(draw.of(wrong));
+    return draw.between(20, draw.below(2) == 0 ? 6500 : 1200,
+                        std::array{0.2, 0.025, 1e-5, 1.0}[draw.below(4)]);
+  };
+  desk.set("VCOText", vco());
+  desk.set("PrescalarText", draw.of({"4/5", "8/9", "8/9", "16/17", "32/33", "32/33", "64/65"},
+                                    {"", "9", "128/129", "-8", "8.5", "99999", "5"}));
+}
+
+void drawPanels(ReachDesk& desk, Draw& draw) {
+  PllForm1& window = desk.program.window;
+  const Texts counters = {"1", "1", "2", "3", "5", "8", "15"};
+  const Texts odd = {"0", "16", "-1", "1.5", "99999", "", "0.5", "33"};
+  for (const char* field : {"RText", "Text27", "Text36(0)", "Text46(0)"})
+    desk.write(field, draw.of(counters, odd));
+  desk.write("Text26", draw.of({"0", "0", "15", "0", "7"}, {"16", "-1"}));
+  desk.write("Text36(2)", draw.of({"0", "100"}, {"32767", "-32768"}));
+  desk.write("Text46(2)", draw.of({"31", "0"}, {"32", "-1"}));
+  desk.write("Text46(3)", draw.of({"31", "7"}, {"40"}));
+  window.XLabel.Caption = draw.of({"0", "1"});
+  window.Check11(2).Value = static_cast<int>(draw.below(2));
+  window.Label43.Caption = draw.of({"Normal Mode", "LCD Mode"});
+  window.Check16.Value = static_cast<int>(draw.below(2));
+  for (const int list : {1, 4}) window.Combo10(list).ListIndex = static_cast<int>(draw.below(2));
+  window.Label73(2).Caption = draw.of({"0", "0", "1"});
+  window.Label73(3).Caption = draw.of({"0", "0", "1"});
+  const std::string folder = TESSARINE_SOURCE_DIR "/examples/";
+  desk.write("Text38", draw.below(3) != 0   ? ""
+                       : draw.below(9) == 0 ? "/no/such/file"
+                                            : folder + "adf4193-26mhz.setup");
+  desk.write("Text47", draw.below(6) != 0 ? "" : folder + "sky72300-bands.setup");
+  desk.write("Text40", draw.below(20) != 0  ? ""
+                       : draw.below(2) == 0 ? "/no/such/file"
+                                            : folder + "adf4113-bands.setup");
+}
+
+// Boxes behind which the load goes on.
+bool isRemark(const std::string& message) {
+  return message == "Warnning: Setup File is wrong !" || message == "Error in Get Phase Value" ||
+         message.find(" gives no ") != std::string::npos;
+}
+
+TEST(ReachReader, TellsWhatTheBoardMakesOfTheLoad) {
+  ReachDesk desk;
+  Draw draw;
+
+  constexpr int draws = 5000;
+  int refused = 0;
+  int met = 0;
+  int steps = 0;
+  for (int i = 0; i < draws; ++i) {
+    if (i % 10 == 0) {
+      int index = 0;
+      const auto wanted = draw.below(desk.program.window.pllM.members().size());
+      for (std::size_t place = 0; const auto& [number, entry] : desk.program.window.pllM.members())
+        if (place++ == wanted) index = number;
+      if (desk.program.window.pllM(index).Caption == "-") continue;
+      desk.pick(index);
+    }
+    if (desk.model.empty()) continue;
+    drawFields(desk, draw);
+    drawPanels(desk, draw);
+    SCOPED_TRACE(testing::Message() << i << ' ' << desk.model << " ref "
+                                    << desk.program.window.RefText.Text.get() << " step "
+                                    << desk.program.window.CompText.Text.get() << " P "
+                                    << desk.program.window.PrescalarText.Text.get() << " vco "
+                                    << desk.program.window.VCOText.Text.get());
+    const board::Reach reach = desk.reach();
+    desk.load();
+    if (!reach.refused.empty()) {
+      ++refused;
+      const bool silent = reach.refused == "VCO Output Frequency is not above 0: nothing is sent";
+      ASSERT_EQ(desk.message(), silent ? "" : reach.refused);
+      continue;
+    }
+    ASSERT_TRUE(desk.message().empty() || isRemark(desk.message())) << desk.message();
+    ASSERT_EQ(reach.tuning.outputMHz, desk.tuning().outputMHz)
+        << board::describeReach(reach) << desk.wires.describe();
+    ASSERT_EQ(reach.met,
+              desk.tuning().outputMHz && std::abs(*desk.tuning().outputMHz - reach.askedMHz) <= 5e-7);
+    met += reach.met ? 1 : 0;
+    if (!reach.step || reach.onlyClosest) continue;
+    ++steps;
+    desk.set("CompText", reach.step->stepKHz);
+    desk.load();
+    ASSERT_TRUE(desk.message().empty() || isRemark(desk.message()))
+        << desk.message() << board::describeReach(reach);
+    ASSERT_TRUE(desk.tuning().outputMHz);
+    ASSERT_NEAR(*desk.tuning().outputMHz, reach.askedMHz, 5e-7) << board::describeReach(reach);
+    ASSERT_EQ(desk.tuning().notes, std::vector<std::string>());
+    ASSERT_TRUE(desk.reach().met);
+  }
+  // None of these is drawn in vain.
+  EXPECT_GT(refused, draws / 20);
+  EXPECT_GT(met, draws / 40);
+  EXPECT_GT(steps, draws / 10);
+  RecordProperty("refused", refused), RecordProperty("met", met), RecordProperty("steps", steps);
+}
+
+}  // namespace
+}  // namespace tessarine
