@@ -129,6 +129,7 @@ void tune(const Chip& chip, Tuning& tuning) {
 
 }  // namespace
 
-constinit const ChipMap kAdf4193Map{kRegisters, kObstacles, {"R6", "muxout", 1}, tune, &kAdf4193Reach, true, kPowerUp};
+constinit const ChipMap kAdf4193Map{kRegisters, kObstacles, {"R6", "muxout", 1}, tune, &kAdf4193Reach,
+                                    true,       kPowerUp};
 
 }  // namespace tessarine::board

@@ -156,7 +156,9 @@ void tune4153(const Chip& chip, Tuning& tuning) {
 
 }  // namespace
 
-constinit const ChipMap kAdf425xMap{k425xRegisters, k425xObstacles, {"master", "muxout", 12}, tune425x, &kAdf425xReach};
-constinit const ChipMap kAdf4153Map{k4153Registers, k4153Obstacles, {"R", "muxout", 1}, tune4153, &kAdf4153Reach};
+constinit const ChipMap kAdf425xMap{
+    k425xRegisters, k425xObstacles, {"master", "muxout", 12}, tune425x, &kAdf425xReach};
+constinit const ChipMap kAdf4153Map{
+    k4153Registers, k4153Obstacles, {"R", "muxout", 1}, tune4153, &kAdf4153Reach};
 
 }  // namespace tessarine::board

@@ -163,8 +163,10 @@ constexpr LockOutput kMuxLockDetect{"function", "muxout", 1};
 
 }  // namespace
 
-constinit const ChipMap kAdf411xMap{kAdfRegisters, kFunctionObstacles, kMuxLockDetect, tuneAdf411x, &kAdf411xReach};
-constinit const ChipMap kLmx23x6Map{kLmxRegisters, kFunctionObstacles, kMuxLockDetect, tuneLmx23x6, &kLmx23x6Reach};
+constinit const ChipMap kAdf411xMap{kAdfRegisters, kFunctionObstacles, kMuxLockDetect, tuneAdf411x,
+                                    &kAdf411xReach};
+constinit const ChipMap kLmx23x6Map{kLmxRegisters, kFunctionObstacles, kMuxLockDetect, tuneLmx23x6,
+                                    &kLmx23x6Reach};
 constinit const ChipMap kLmx2315Map{kLmx2315Registers, {}, {}, tuneLmx2315, &kLmx2315Reach};
 constinit const ChipMap kLmx2325Map{kLmx2325Registers, {}, {}, tuneLmx2315, &kLmx2325Reach};
 
