@@ -25,6 +25,7 @@ struct GpioKernel : FakeKernel {
   double changeTakes = 0;
   int result = 0;  // of whatever changes a line
   int takeResult = 0;
+  std::map<int, bool> requested;  // descriptors
 
   void add(const std::string& chip, std::vector<std::string> lines) {
     chips["/dev/" + chip] = std::move(lines);
@@ -33,7 +34,6 @@ struct GpioKernel : FakeKernel {
   std::vector<std::string> entriesOf(const std::string&) override {
     std::vector<std::string> names{"null"};
     for (const auto& [node, lines] : chips) names.push_back(node.substr(5));
-    for (const auto& [node, target] : files) names.push_back(node.substr(5));
     return names;
   }
   int open(const std::string& path, int flags) override {
@@ -42,7 +42,7 @@ struct GpioKernel : FakeKernel {
     return descriptor;
   }
   void close(int descriptor) override {
-    if (lines_[descriptor].empty() || requested_.erase(descriptor) != 0) calls.emplace_back("give back");
+    if (lines_[descriptor].empty() || requested.erase(descriptor) != 0) calls.emplace_back("give back");
   }
   int ioctl(int descriptor, unsigned long request, void* argument) override {
     const std::vector<std::string>& lines = lines_[descriptor];
@@ -59,7 +59,7 @@ struct GpioKernel : FakeKernel {
       auto& taken = *static_cast<gpio_v2_line_request*>(argument);
       taken.fd = 100 + descriptor;
       for (std::size_t i = 0; i < taken.num_lines; ++i) lines_[taken.fd].push_back(lines[taken.offsets[i]]);
-      requested_[taken.fd] = true;
+      requested[taken.fd] = true;
       configure("take", lines_[taken.fd], taken.config);
     } else if (result < 0) {
       return result;
@@ -97,7 +97,6 @@ struct GpioKernel : FakeKernel {
     calls.push_back(call);
   }
   std::map<int, std::vector<std::string>> lines_;  // of chips and of requests
-  std::map<int, bool> requested_;
 };
 
 }  // namespace tessarine

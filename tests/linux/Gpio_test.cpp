@@ -36,6 +36,7 @@ struct Gpio : ::testing::Test {
 };
 
 TEST_F(Gpio, TheConnectorsPinsAreLinesAndThoseWithoutOneAreRemembered) {
+  kernel.add("gpiochip1", kernel.chips["/dev/gpiochip0"]);
   kernel.files["/dev/gpiochip1"] = "gpiochip0";  // the same chip by another name
   write(0);
   EXPECT_THAT(taken(), ElementsAre("take DATA:out GPIO17:out LOAD:out SIX:out LOCK:in"));
@@ -113,6 +114,7 @@ TEST_F(Gpio, EachObstacleIsNamedWithTheLineToType) {
     obstacle.set(kernel);
     const std::string told = faultOf([&] { host.usb.UsbWritePort("B", 8); });
     EXPECT_THAT(told, StartsWith(obstacle.sentence));
+    EXPECT_TRUE(kernel.requested.empty()) << "nothing is kept";
     kernel.now += 2;
     EXPECT_EQ(faultOf([&] { write(1); }), told);
     EXPECT_EQ(host.whyNotOpen(), told);
