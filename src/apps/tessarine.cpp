@@ -1,4 +1,4 @@
-// The program on this host's own ways out: its parallel port, or a USB module.
+// The program on this host's own ways out: its parallel port, a USB module or GPIO lines.
 #include "apps/WindowMain.h"
 
 int main(int count, char** words) {
@@ -6,6 +6,6 @@ int main(int count, char** words) {
   return windowMain({.name = "tessarine",
                      .board = BoardKind::hardware,
                      .hasWindow = true,
-                     .does = "Sets PLL synthesizer boards from the bench, over the port or a USB module."},
+                     .does = "Sets PLL synthesizer boards over the port, a USB module or GPIO lines."},
                     count, words);
 }

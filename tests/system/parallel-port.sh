@@ -13,6 +13,7 @@ subject="the parallel port was"
 
 prepare "$program" "$tool"
 manyLoads "$here/load.script" > "$root/scripts/speed.script"
+runs 0 > "$root/scripts/runs.script"
 packUp
 boot 378 0x378 &
 boot 278 0x278 &
@@ -46,6 +47,7 @@ leftAtRest 378 8 1c
 endedWith 378 8 143
 callsArePortBytes 378 9
 loadTakes 378 10 19 60
+boardAgrees 378 12 "$root/scripts/runs.script"
 says 378 11 "$silent"
 says 378 11 "Raw access to parallel port 378 is forbidden by the kernel"
 goesOn 378 11

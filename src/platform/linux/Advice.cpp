@@ -222,8 +222,7 @@ std::string gpioElsewhere(std::uint16_t base) {
 std::string gpioSlow(std::string_view node, double seconds) {
   return joined({"The GPIO lines of ", node, " are slow: a change takes ",
                  std::to_string(std::lround(seconds * 1e6)),
-                 " microseconds, and a word has some eighty. "
-                 "All works, but a load takes its time"});
+                 " microseconds, and a word has some eighty. All works, but a load takes its time"});
 }
 
 }  // namespace tessarine::advice

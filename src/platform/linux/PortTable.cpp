@@ -99,7 +99,7 @@ std::string PortTable::whyNotOpen() const {
     if (entry.base != lastBase_) continue;
     if (!entry.trouble.empty()) return entry.trouble;
     if (!entry.otherwiseRead) continue;
-    const std::string why =
+    std::string why =
         entry.port ? entry.port->whyOtherwise(*entry.written, *entry.otherwiseRead) : std::string();
     if (!why.empty()) return why;
     if (*entry.otherwiseRead != kOpenBus) {
