@@ -1,7 +1,7 @@
 #include "script/Route.h"
 
+#include <algorithm>
 #include <set>
-#include <tuple>
 #include <utility>
 
 namespace tessarine::script {
@@ -13,6 +13,11 @@ using forms::Kind;
 // The sweep's own fields and buttons come and go with its two options, which are settings.
 bool belongsToSweep(const PllForm1& window, const Control& control) {
   return control.container() == &window.Frame2(2);
+}
+
+bool isFrameOfMode(const PllForm1& window, const Control& control) {
+  return std::ranges::any_of(window.Frame2.members(),
+                             [&](const auto& entry) { return &entry.second == &control; });
 }
 
 // All of it that clicks on the way may change.
@@ -82,56 +87,100 @@ void putUp(const Scene& scene, Program& program) {
 
 }  // namespace
 
-std::string sceneOf(const Program& program) {
+std::string panelsOf(const Program& program) {
   const PllForm1& window = program.window;
   std::string text = program.module.CurrentModel + '\n';
   for (const Control* const control : window.controls()) {
-    if (belongsToSweep(window, *control)) continue;
-    const bool isMode = control->container() == &window.Mode1;
-    const bool checked = isMode && static_cast<const forms::Menu*>(control)->Checked;
-    text +=
-        static_cast<char>('0' + (control->Visible ? 1 : 0) + (control->Enabled ? 2 : 0) + (checked ? 4 : 0));
+    if (belongsToSweep(window, *control) || isFrameOfMode(window, *control)) continue;
+    text += static_cast<char>('0' + (control->Visible ? 1 : 0) + (control->Enabled ? 2 : 0));
     if (hasCaption(window, *control)) text += control->value() + '\n';
   }
   const Twips place = window.Frame24.Place;  // a panel may be open without room
   return window.Frame24.Visible ? text + std::to_string(place.Width) : text;
 }
 
-RouteFinder::RouteFinder(const Program& present) : present_(present) {}
+std::string markOf(const Program& program) {
+  std::string text;
+  for (const Control* const mode : program.window.Mode1.children()) {
+    text += static_cast<const forms::Menu*>(mode)->Checked ? '1' : '0';
+  }
+  return text;
+}
 
-std::vector<Control*> RouteFinder::actions(Models models) {
+std::string modeOf(const Program& program) {
+  std::string text = markOf(program) + ' ';
+  for (const auto& [index, frame] : program.window.Frame2.members()) text += frame.Visible ? '1' : '0';
+  return text;
+}
+
+bool showsItsMode(const Program& program) {
+  return modeOf(program) == markOf(program) + ' ' + markOf(program);
+}
+
+// Models that look alike, but for their names, when they are picked and when their panel is opened.
+std::vector<Control*> RouteFinder::oneOfEachKind() {
+  Program& program = scratch_.program;
+  std::set<std::string> seen;
+  std::vector<Control*> kinds;
+  for (auto& [index, entry] : program.window.pllM.members()) {
+    if (entry.isSeparator()) continue;
+    StandIn fresh;
+    std::string look;
+    for (const char* const name : {"ContinueCommand", entry.name().c_str(), "ACommand"}) {
+      (void)fresh.program.door.click(*fresh.program.forms.find(name));
+      look += panelsOf(fresh.program).substr(fresh.program.module.CurrentModel.size());
+    }
+    const std::string caption = entry.Caption;
+    for (auto at = look.find(caption); at != std::string::npos; at = look.find(caption)) {
+      look.erase(at, caption.size());
+    }
+    if (seen.insert(look).second) kinds.push_back(&entry);
+  }
+  return kinds;
+}
+
+std::vector<Control*> RouteFinder::controls(Clicks clicks) {
   PllForm1& window = scratch_.program.window;
   std::vector<Control*> found{&window.ContinueCommand};
-  for (auto& [index, entry] : window.pllM.members()) {
-    const std::string caption = entry.Caption;
-    const bool isThatOne =
-        present_.window.GeneralFrame.Caption.get().find(' ' + caption + ' ') != std::string::npos ||
-        present_.module.CurrentModel == caption;
-    if (!entry.isSeparator() && (models == Models::all || (models == Models::thatOne && isThatOne))) {
-      found.push_back(&entry);
+  if (clicks == Clicks::thatModel || clicks == Clicks::models) {
+    for (auto& [index, entry] : window.pllM.members()) {
+      const std::string shown = ' ' + entry.Caption.get() + ' ';
+      if (present_.window.GeneralFrame.Caption.get().find(shown) != std::string::npos ||
+          present_.module.CurrentModel == entry.Caption.get()) {
+        found.push_back(&entry);
+      }
     }
   }
-  found.push_back(&window.ACommand);
-  // The crosses that close the panels.
-  for (Control* const control : window.controls()) {
-    if (control->Click && control->value() == "X") found.push_back(control);
+  if (clicks == Clicks::models) {
+    if (kinds_.empty()) kinds_ = oneOfEachKind();
+    found.insert(found.end(), kinds_.begin(), kinds_.end());
   }
-  for (Control* const mode : window.Mode1.children()) found.push_back(mode);
-  found.push_back(&window.Close1);
+  if (clicks != Clicks::modes) {
+    found.push_back(&window.ACommand);
+    // The crosses that close the panels.
+    for (Control* const control : window.controls()) {
+      if (control->Click && control->value() == "X") found.push_back(control);
+    }
+  }
+  if (clicks == Clicks::modes) {
+    const auto& modes = window.Mode1.children();
+    found.insert(found.end(), modes.begin(), modes.end());
+  }
+  if (clicks != Clicks::panels) found.push_back(&window.Close1);
   return found;
 }
 
-std::optional<RouteFinder::Route> RouteFinder::find(const Program& from, const Goal& goal, Models models) {
+std::optional<RouteFinder::Route> RouteFinder::find(const Program& from, const Goal& goal, Clicks clicks) {
   constexpr std::size_t kMostScenes = 4000;
   if (goal(from)) return Route{};
-  const std::vector<Control*> clicks = actions(models);
+  const std::vector<Control*> candidates = controls(clicks);
   Program& program = scratch_.program;
-  std::set<std::string> seen{sceneOf(from)};
+  std::set<std::string> seen{modeOf(from) + panelsOf(from)};
   std::vector<std::pair<Scene, Route>> reached{{sceneAt(from), Route{}}};
   for (std::size_t i = 0; i < reached.size() && i < kMostScenes; ++i) {
-    for (Control* const each : clicks) {
+    for (Control* const each : candidates) {
       putUp(reached[i].first, program);
-      if (program.door.click(*each) || !seen.insert(sceneOf(program)).second) continue;
+      if (program.door.click(*each) || !seen.insert(modeOf(program) + panelsOf(program)).second) continue;
       Route route = reached[i].second;
       route.emplace_back(each->name());
       if (goal(program)) return route;

@@ -16,7 +16,7 @@ namespace {
 
 using forms::Control;
 using forms::Kind;
-using Models = RouteFinder::Models;
+using Clicks = RouteFinder::Clicks;
 
 // Whether the operator sets what the control holds.
 bool isSetting(const Control& control) {
@@ -44,17 +44,16 @@ class Copyist {
 
   std::string copy() {
     takeWayOut();
-    const auto route = routeToPresent();
     takeWiring();
-    takeFieldsOfOtherModels(route);
+    takeFieldsOfOtherModels();
     // Picking a model, and closing one, clear fields and set others.
     constexpr int kRounds = 4;
     for (int round = 0; round < kRounds && !arrived(); ++round) {
-      follow(routeToPresent());
+      goToPresent();
       const auto places = differing();
       takeWhatIsInSight(places);
       for (const std::size_t place : places) {
-        if (differs(place)) (void)reveal(place, places, round == 0 ? Models::none : Models::all);
+        if (differs(place)) (void)reveal(place, places, round == 0 ? Clicks::panels : Clicks::models);
       }
     }
     takeWindows();
@@ -95,7 +94,7 @@ class Copyist {
     return places;
   }
 
-  [[nodiscard]] bool arrived() { return sceneOf(program_) == sceneOf(present_) && differing().empty(); }
+  [[nodiscard]] bool arrived() { return isThere() && differing().empty(); }
 
   // --------------------------------------------------------------------------------------------------
   // Actions
@@ -126,31 +125,50 @@ class Copyist {
   }
 
   // Brings a control in sight and takes those of `places` that are then to be seen.
-  bool reveal(std::size_t place, const std::vector<std::size_t>& places, Models models) {
-    const auto route = routes_.find(
-        program_,
-        [&](const Program& there) { return there.window.controls()[place]->container()->isVisible(); },
-        models);
-    if (!route) return false;
-    follow(*route);
+  bool reveal(std::size_t place, const std::vector<std::size_t>& places, Clicks clicks) {
     // The delay of a sweep is in sight in one of its two options alone.
+    const bool isOfSweep = own(place).container() == &program_.window.Frame2(2);
+    const auto isInSight = [place, isOfSweep](const Program& there) {
+      const Control& control = *there.window.controls()[place];
+      return isOfSweep ? control.container()->isVisible() : control.isVisible();
+    };
+    if (!go(isInSight, Clicks::modes) && !go(isInSight, clicks)) return false;
     if (!own(place).isVisible()) click("AutoOption1");
     takeWhatIsInSight(places);
     return true;
   }
 
-  RouteFinder::Route routeToPresent() {
-    const std::string scene = sceneOf(present_);
-    const auto isThere = [&](const Program& there) { return sceneOf(there) == scene; };
-    for (const Models models : {Models::thatOne, Models::all}) {
-      if (auto route = routes_.find(program_, isThere, models)) return *route;
+  [[nodiscard]] bool isThere() const {
+    return panelsOf(program_) == panelsOf(present_) && modeOf(program_) == modeOf(present_);
+  }
+
+  bool go(const RouteFinder::Goal& goal, Clicks clicks) {
+    const auto route = routes_.find(program_, goal, clicks);
+    if (route) follow(*route);
+    return route.has_value();
+  }
+
+  void goToPresent() {
+    const auto hasPanels = [panels = panelsOf(present_)](const Program& there) {
+      return panelsOf(there) == panels;
+    };
+    const auto hasMode = [mode = modeOf(present_)](const Program& there) { return modeOf(there) == mode; };
+    const auto hasBoth = [&](const Program& there) { return hasMode(there) && hasPanels(there); };
+    const auto hasMark = [mark = markOf(present_)](const Program& there) { return markOf(there) == mark; };
+    // "Close" shows the general mode's frame whatever the mark is, so there the mode comes first.
+    if (!showsItsMode(present_) && go(hasMode, Clicks::modes) &&
+        (go(hasBoth, Clicks::thatModel) || go(hasBoth, Clicks::models))) {
+      return;
     }
+    const bool hasThem = go(hasPanels, Clicks::thatModel) || go(hasPanels, Clicks::models);
+    if (!go(hasMode, Clicks::modes)) (void)go(hasMark, Clicks::modes);
+    if (hasThem) return;
     // In the middle of a command the window may look as it never does between them.
-    const auto isAlike = [&](const Program& there) {
+    const auto isAlike = [this](const Program& there) {
       return there.module.CurrentModel == present_.module.CurrentModel &&
              there.window.GeneralFrame.isVisible() == present_.window.GeneralFrame.isVisible();
     };
-    return routes_.find(program_, isAlike, Models::all).value_or(RouteFinder::Route{});
+    (void)go(isAlike, Clicks::models);
   }
 
   // ----------------------------------------------------------------------------------------------------
@@ -165,27 +183,20 @@ class Copyist {
     }
   }
 
-  // Behind "Continue ...", which sets the port's address, and in front of the models, whose fields may depend
-  // on no window coming back to the front.
+  // Behind "Continue ...", which sets the port's address, and in front of the fields: the main window coming
+  // back to the front takes back what one of them has told the engine.
   void takeWiring() {
-    const bool isOpen = present_.window.parallelForm.Visible;
     StandIn trial;
     trial.program.door.click(trial.program.window.Parallel);
-    const bool changes = setWiring(trial.program);
-    if (changes) (void)trial.program.door.click(trial.program.window.parallelForm.OKButton);
-    if (changes || isOpen) {
-      if (present_.window.GeneralFrame.Visible) follow({"ContinueCommand"});
-      (void)program_.door.click(program_.window.Parallel);
-    }
-    if (changes) {
-      (void)setWiring(program_);
-      // Pins that the dialog refuses are in its fields all the same.
-      ParallelForm& dialog = program_.window.parallelForm;
-      (void)program_.door.click(trial.messages == 0 ? static_cast<Control&>(dialog.OKButton)
-                                                    : static_cast<Control&>(dialog.CancelButton));
-      if (isOpen) (void)program_.door.click(program_.window.Parallel);
-    }
-    if (present_.window.aboutForm.Visible) (void)program_.door.click(program_.window.About1);
+    if (!setWiring(trial.program)) return;
+    (void)trial.program.door.click(trial.program.window.parallelForm.OKButton);
+    if (present_.window.GeneralFrame.Visible) follow({"ContinueCommand"});
+    (void)program_.door.click(program_.window.Parallel);
+    (void)setWiring(program_);
+    // Pins that the dialog refuses are in its fields all the same.
+    ParallelForm& dialog = program_.window.parallelForm;
+    (void)program_.door.click(trial.messages == 0 ? static_cast<Control&>(dialog.OKButton)
+                                                  : static_cast<Control&>(dialog.CancelButton));
   }
 
   bool setWiring(Program& program) const {
@@ -201,22 +212,26 @@ class Copyist {
   }
 
   // What can only be reached by picking another model goes first: picking this one comes last.
-  void takeFieldsOfOtherModels(const RouteFinder::Route& route) {
+  void takeFieldsOfOtherModels() {
     Copyist ahead(present_);
     ahead.takeWayOut();
-    ahead.follow(route);
+    ahead.goToPresent();
     ahead.takeWhatIsInSight(ahead.differing());
     std::vector<std::size_t> others;
     const auto hidden = ahead.differing();
     for (const std::size_t place : hidden) {
-      if (ahead.differs(place) && !ahead.reveal(place, hidden, Models::none)) others.push_back(place);
+      if (ahead.differs(place) && !ahead.reveal(place, hidden, Clicks::panels)) others.push_back(place);
     }
     for (const std::size_t place : others) {
-      if (differs(place)) (void)reveal(place, others, Models::all);
+      if (differs(place)) (void)reveal(place, others, Clicks::models);
     }
   }
 
+  // Picking a model closes the dialog of the wiring, so the windows come last.
   void takeWindows() {
+    const PllForm1& window = present_.window;
+    if (window.parallelForm.Visible) (void)program_.door.click(program_.window.Parallel);
+    if (window.aboutForm.Visible) (void)program_.door.click(program_.window.About1);
     const forms::Form* const active = present_.forms.active();
     for (forms::Form* const form : program_.forms.all()) {
       if (active != nullptr && form->name() == active->name() && program_.forms.active() != form) {
