@@ -25,6 +25,7 @@ struct GpioKernel : FakeKernel {
   double changeTakes = 0;
   int result = 0;  // of whatever changes a line
   int takeResult = 0;
+  int infoResult = 0;
   std::map<int, bool> requested;  // descriptors
 
   void add(const std::string& chip, std::vector<std::string> lines) {
@@ -49,6 +50,7 @@ struct GpioKernel : FakeKernel {
     if (request == GPIO_GET_CHIPINFO_IOCTL) {
       static_cast<gpiochip_info*>(argument)->lines = static_cast<std::uint32_t>(lines.size());
     } else if (request == GPIO_V2_GET_LINEINFO_IOCTL) {
+      if (infoResult < 0) return infoResult;
       auto& info = *static_cast<gpio_v2_line_info*>(argument);
       std::strncpy(info.name, lines[info.offset].c_str(), sizeof info.name - 1);
       if (!holders.contains(lines[info.offset])) return 0;

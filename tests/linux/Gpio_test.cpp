@@ -107,6 +107,8 @@ TEST_F(Gpio, EachObstacleIsNamedWithTheLineToType) {
       {"No permission for the GPIO lines of /dev/gpiochip0. ",
        [](GpioKernel& k) { k.nodes["/dev/gpiochip0"] = -EACCES; }},
       {"No permission for the GPIO lines of /dev/gpiochip0. ", [](GpioKernel& k) { k.takeResult = -EPERM; }},
+      {"The GPIO lines of /dev/gpiochip0 cannot be used: that takes Linux 5.10 or later. ",
+       [](GpioKernel& k) { k.infoResult = -EINVAL; }},
       {"The GPIO chip /dev/gpiochip0 failed: ", [](GpioKernel& k) { k.result = -EIO; }},
   };
   for (const auto& obstacle : obstacles) {

@@ -67,6 +67,7 @@ void GpioLines::take(const GpioChip& chip) {
   const int result = kernel_.ioctl(node, GPIO_V2_GET_LINE_IOCTL, &request);
   kernel_.close(node);
   if (result == -EBUSY) {
+    leave();                           // or it would be ourselves
     (void)chipsWith(kernel_, wires_);  // tells who has it
   }
   if (result == -EPERM || result == -EACCES) throw Fault(advice::gpioNotPermitted(chip.node));
