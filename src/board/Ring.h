@@ -32,6 +32,20 @@ class Ring {
     const std::size_t place = oldest_ + index;
     return values_[place < values_.size() ? place : place - values_.size()];
   }
+  // How many stand before the first that `holds` is false for. Those for which it is true all stand first.
+  template <class Predicate>
+  [[nodiscard]] std::size_t countWhile(Predicate holds) const {
+    std::size_t low = 0;
+    for (std::size_t high = size(); low < high;) {
+      const std::size_t middle = low + (high - low) / 2;
+      if (holds((*this)[middle])) {
+        low = middle + 1;
+      } else {
+        high = middle;
+      }
+    }
+    return low;
+  }
   [[nodiscard]] const Value& back() const { return (*this)[size() - 1]; }
 
  private:

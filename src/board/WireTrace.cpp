@@ -34,17 +34,7 @@ void WireTrace::record(std::int64_t time, Levels levels) {
 }
 
 std::size_t WireTrace::countBefore(std::int64_t time) const {
-  std::size_t low = 0;
-  std::size_t high = size();
-  while (low < high) {
-    const std::size_t middle = low + (high - low) / 2;
-    if (changes_[middle].time < time) {
-      low = middle + 1;
-    } else {
-      high = middle;
-    }
-  }
-  return low;
+  return changes_.countWhile([time](const Change& change) { return change.time < time; });
 }
 
 VcdWriter::VcdWriter(std::ostream& out) : out_(out) {

@@ -8,7 +8,6 @@
 
 #include "chips/Words.h"
 #include "engine/BitStrings.h"
-#include "engine/EngineView.h"
 #include "engine/Module1.h"
 #include "engine/Numbers.h"
 #include "engine/PLL.h"
@@ -67,9 +66,9 @@ void PLL::Calculate_ADF_4193() {
   // Nothing can be refused from here on.
 
   RTotal = R;
-  if (module_.view != nullptr) module_.view->showDetectorFrequency(detectorCaption(detector.PFD));
+  module_.view->showDetectorFrequency(detectorCaption(detector.PFD));
   const auto show = [this](int index, std::string_view name, const String& word) {
-    if (module_.view != nullptr) module_.view->showWord(index, joined({name, word}));
+    module_.view->showWord(index, joined({name, word}));
   };
 
   Astr = wholeField;

@@ -8,7 +8,6 @@
 
 #include "chips/Words.h"
 #include "engine/BitStrings.h"
-#include "engine/EngineView.h"
 #include "engine/Module1.h"
 #include "engine/Numbers.h"
 #include "engine/PLL.h"
@@ -38,7 +37,7 @@ void PLL::CalcADF4252() {
   // Nothing can be refused from here on.
 
   RTotal = R;
-  if (module_.view != nullptr) module_.view->showDetectorFrequency(detectorCaption(PFD));
+  module_.view->showDetectorFrequency(detectorCaption(PFD));
   Nstr = joined({
       "000",       // DB0-2: control
       fracField,   // DB3-14: FRAC
@@ -99,7 +98,7 @@ void PLL::calcADF4153Words() {
   RTotal = RCounter_4531;
   requireAboveZero("R counter", RTotal);
   const Single PFD = detectorFrequency(Fosc, (1 + D) / RTotal);
-  if (module_.view != nullptr) module_.view->showDetectorFrequency(detectorCaption(PFD));
+  module_.view->showDetectorFrequency(detectorCaption(PFD));
   requireAboveZero("Reference Frequency", Fosc, " MHz");
   requireAboveZero("Step Resolution", Fcomp, " kHz");
 
@@ -133,7 +132,7 @@ void PLL::calcADF4153Words() {
   });
 
   Astr = naturalField("Resync", Resync_4531, 4);
-  const bool precise = module_.view != nullptr && module_.view->lockDetectPrecisionChecked();
+  const bool precise = module_.view->lockDetectPrecisionChecked();
   MStr = inShiftingOrder({
       Astr,                                                    // DB12-15: resync
       naturalField("Doubler", DoublerEnabled_4531, 1),         // DB11: reference doubler

@@ -6,7 +6,6 @@
 
 #include "chips/Words.h"
 #include "engine/BitStrings.h"
-#include "engine/EngineView.h"
 #include "engine/Module1.h"
 #include "engine/Numbers.h"
 #include "engine/PLL.h"
@@ -77,7 +76,7 @@ void PLL::CalcSKY72300() {
   // Nothing can be refused from here on.
 
   const auto show = [this](int index, std::string_view name, const String& word) {
-    if (module_.view != nullptr) module_.view->showWord(index, joined({name, word}));
+    module_.view->showWord(index, joined({name, word}));
   };
   R0 = joined({"0000", "000", wholeField});
   show(0, "R0: ", R0);

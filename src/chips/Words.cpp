@@ -1,22 +1,12 @@
 #include "chips/Words.h"
 
 #include <cmath>
-#include <cstddef>
 
 #include "engine/Numbers.h"
 #include "engine/Rounding.h"
 #include "platform/Fault.h"
 
 namespace tessarine {
-
-String joined(std::initializer_list<std::string_view> fields) {
-  std::size_t length = 0;
-  for (const std::string_view field : fields) length += field.size();
-  String word;
-  word.reserve(length);
-  for (const std::string_view field : fields) word += field;
-  return word;
-}
 
 void requireAboveZero(std::string_view name, double value, std::string_view unit) {
   if (value > 0 && std::isfinite(value)) return;

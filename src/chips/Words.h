@@ -1,15 +1,12 @@
 // What the word builders of the chip families share.
 #pragma once
 
-#include <initializer_list>
 #include <string_view>
 
 #include "engine/Types.h"
+#include "platform/Text.h"
 
 namespace tessarine {
-
-// The fields of a word, joined in the order given.
-[[nodiscard]] String joined(std::initializer_list<std::string_view> fields);
 
 // A Fault unless `value` is above 0 and finite: nothing can be divided by it otherwise.
 void requireAboveZero(std::string_view name, double value, std::string_view unit = {});

@@ -20,18 +20,6 @@ namespace tessarine::desktop {
 
 namespace {
 
-// While it lives, `form` alone takes input.
-class Modal {
- public:
-  explicit Modal(forms::Form& form) : forms_(form.forms()) { forms_.beginModal(form); }
-  ~Modal() { forms_.endModal(); }
-  Modal(const Modal&) = delete;
-  Modal& operator=(const Modal&) = delete;
-
- private:
-  forms::FormList& forms_;
-};
-
 // Room for the title, and a button of the size that those of the windows have.
 void fitBox(QMessageBox& box) {
   const QFontMetrics metrics = box.fontMetrics();
@@ -159,7 +147,7 @@ void Desktop::showModal(forms::Form& form) {
   throwIfEnded();
   FormWindow& window = windowFor(form);
   window.setWindowModality(Qt::ApplicationModal);
-  const Modal modal(form);
+  const forms::Modality modality(form);
   form.Show();
   QEventLoop loop;
   while (form.Visible && !ended_) loop.processEvents(QEventLoop::WaitForMoreEvents);

@@ -16,12 +16,12 @@ using forms::Aspect;
 
 namespace {
 
-constexpr double kCardRadius = 6;
+constexpr double kPlateRadius = 6;
 
 // A ground of its own: it covers what lies beneath.
-class Card : public QWidget, public ControlWidget {
+class Plate : public QWidget, public ControlWidget {
  public:
-  Card(QWidget& parent, forms::Container& container) : QWidget(&parent), container_(container) {
+  Plate(QWidget& parent, forms::Container& container) : QWidget(&parent), container_(container) {
     setAttribute(Qt::WA_OpaquePaintEvent);
   }
 
@@ -38,7 +38,7 @@ class Card : public QWidget, public ControlWidget {
     QPainter painter(this);
     const Tones tones(palette());
     painter.fillRect(rect(), groundOf(*parentWidget()));
-    drawBox(painter, rect(), kCardRadius, tones.card, tones.edge);
+    drawBox(painter, rect(), kPlateRadius, tones.card, tones.edge);
     drawContents(painter);
   }
 
@@ -47,9 +47,9 @@ class Card : public QWidget, public ControlWidget {
   forms::Container& container_;
 };
 
-class FrameCard : public Card {
+class FramePlate : public Plate {
  public:
-  using Card::Card;
+  using Plate::Plate;
 
  protected:
   void drawContents(QPainter& painter) override {
@@ -62,9 +62,9 @@ class FrameCard : public Card {
 };
 
 // Shows the icon; where there is room beside it, the program's name too.
-class Picture : public Card {
+class Picture : public Plate {
  public:
-  using Card::Card;
+  using Plate::Plate;
 
  protected:
   void drawContents(QPainter& painter) override {
@@ -102,12 +102,12 @@ class Divider : public QWidget, public ControlWidget {
 }  // namespace
 
 QColor groundOf(const QWidget& container) {
-  const bool card = dynamic_cast<const Card*>(&container) != nullptr;
-  return card ? Tones(container.palette()).card : container.palette().color(QPalette::Window);
+  const bool plate = dynamic_cast<const Plate*>(&container) != nullptr;
+  return plate ? Tones(container.palette()).card : container.palette().color(QPalette::Window);
 }
 
 std::unique_ptr<ControlWidget> makeFrame(forms::Frame& frame, QWidget& parent) {
-  return std::make_unique<FrameCard>(parent, frame);
+  return std::make_unique<FramePlate>(parent, frame);
 }
 
 std::unique_ptr<ControlWidget> makePictureBox(forms::PictureBox& box, QWidget& parent) {

@@ -5,15 +5,16 @@
 
 namespace tessarine {
 
+// Shows nothing by itself: it stands for the window until there is one.
 class EngineView {
  public:
   virtual ~EngineView() = default;
   // The caption of `PFDLabel`: the detector frequency in kHz.
-  virtual void showDetectorFrequency(const std::string& text) = 0;
+  virtual void showDetectorFrequency(const std::string& /*text*/) {}
   // The caption of `Label21(index)`, index 0 to 9: one numbered register.
-  virtual void showWord(int index, const std::string& text) = 0;
+  virtual void showWord(int /*index*/, const std::string& /*text*/) {}
   // Whether the box `LDPCheck` is checked.
-  [[nodiscard]] virtual bool lockDetectPrecisionChecked() const = 0;
+  [[nodiscard]] virtual bool lockDetectPrecisionChecked() const { return false; }
 };
 
 }  // namespace tessarine

@@ -4,11 +4,11 @@
 #include <cstdint>
 #include <memory>
 
+#include "engine/EngineView.h"
 #include "engine/Types.h"
 
 namespace tessarine {
 
-class EngineView;
 class PLL;
 class WaitWatch;
 struct Platform;
@@ -23,7 +23,8 @@ struct Module1 {
   PLL& ThePLL();
 
   Platform& platform;
-  EngineView* view = nullptr;      // set by the main window, which outlives every command
+  EngineView nobody;
+  EngineView* view = &nobody;      // set by the main window, which outlives every command
   WaitWatch* waitWatch = nullptr;  // where set, told of each wait
 
   String CurrentModel;              // the model chosen in the menu: the key of every chip decision

@@ -12,18 +12,12 @@
 
 #include "engine/Rounding.h"
 #include "platform/Fault.h"
+#include "platform/Text.h"
 
 namespace tessarine {
 namespace {
 
-bool isBlank(char c) { return c == ' ' || c == '\t'; }
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
-
-std::string_view withoutLeadingBlanks(std::string_view text) {
-  text.remove_prefix(
-      static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isBlank) - text.begin()));
-  return text;
-}
 
 // The length of the digits, with at most one decimal point among them, that `text` begins with.
 std::size_t digitsLength(std::string_view text) {
@@ -58,7 +52,7 @@ std::string inCharacters(double value, Format... format) {
 }  // namespace
 
 double leadingNumber(std::string_view text) {
-  text = withoutLeadingBlanks(text);
+  text = trimmedFront(text);
   const bool negative = !text.empty() && text.front() == '-';
   if (negative || (!text.empty() && text.front() == '+')) text.remove_prefix(1);
   const auto digits = text.substr(0, digitsLength(text));
@@ -120,12 +114,6 @@ std::string messageNumber(double value) {
   constexpr double longest = 1e15;
   return std::abs(value) < longest ? plainDecimal(value, 15)
                                    : inCharacters(value, std::chars_format::general, 6);
-}
-
-std::string_view trimmed(std::string_view text) {
-  text = withoutLeadingBlanks(text);
-  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
-  return text;
 }
 
 }  // namespace tessarine

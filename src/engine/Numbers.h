@@ -30,7 +30,4 @@ namespace tessarine {
 // A value as a message names it: plain decimal, with an exponent only from 1e15 on.
 [[nodiscard]] std::string messageNumber(double value);
 
-// Without the blanks (spaces and tabs) at both ends.
-[[nodiscard]] std::string_view trimmed(std::string_view text);
-
 }  // namespace tessarine

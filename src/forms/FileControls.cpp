@@ -7,6 +7,8 @@
 #include <system_error>
 #include <utility>
 
+#include "platform/Text.h"
+
 namespace tessarine::forms {
 
 namespace fs = std::filesystem;
@@ -59,9 +61,7 @@ bool matchesOne(std::string_view name, std::string_view pattern) {
 bool matchesPattern(std::string_view name, std::string_view patterns) {
   while (true) {
     const auto end = patterns.find(';');
-    std::string_view pattern = patterns.substr(0, end);
-    while (pattern.starts_with(' ')) pattern.remove_prefix(1);
-    while (pattern.ends_with(' ')) pattern.remove_suffix(1);
+    std::string_view pattern = trimmed(patterns.substr(0, end), " ");
     // A closing ".*" asks for any extension, none included.
     if (pattern.ends_with("*.*")) pattern.remove_suffix(2);
     const bool hidden = name.starts_with('.') && !pattern.starts_with('.');

@@ -98,4 +98,16 @@ class FormList {
   Form* active_ = nullptr;
 };
 
+// While it lives, `form` alone takes input.
+class Modality {
+ public:
+  explicit Modality(Form& form) : forms_(form.forms()) { forms_.beginModal(form); }
+  ~Modality() { forms_.endModal(); }
+  Modality(const Modality&) = delete;
+  Modality& operator=(const Modality&) = delete;
+
+ private:
+  FormList& forms_;
+};
+
 }  // namespace tessarine::forms

@@ -3,6 +3,7 @@
 #include "engine/Numbers.h"
 #include "engine/PLL.h"
 #include "platform/Platform.h"
+#include "platform/Text.h"
 #include "window/PllForm1.h"
 
 namespace tessarine {

@@ -10,22 +10,6 @@
 #include "script/ScriptText.h"
 
 namespace tessarine::script {
-namespace {
-
-// Keeps a form modal for as long as it lives.
-class Modality {
- public:
-  explicit Modality(forms::Form& form) : forms_(form.forms()) { forms_.beginModal(form); }
-  ~Modality() { forms_.endModal(); }
-  Modality(const Modality&) = delete;
-  Modality& operator=(const Modality&) = delete;
-
- private:
-  forms::FormList& forms_;
-};
-
-}  // namespace
-
 void ScriptScreen::messageBox(const std::string& text, Icon icon, const std::string& title) {
   out_ << "message\t" << (icon == Icon::critical ? "critical" : "plain") << '\t' << escaped(title) << '\t'
        << escaped(text) << '\n'
@@ -35,7 +19,7 @@ void ScriptScreen::messageBox(const std::string& text, Icon icon, const std::str
 
 void ScriptScreen::showModal(forms::Form& form) {
   {
-    const Modality modality(form);
+    const forms::Modality modality(form);
     form.Show();
     if (operateModal) operateModal(form);
   }
@@ -44,12 +28,7 @@ void ScriptScreen::showModal(forms::Form& form) {
 
 void ScriptScreen::processEvents() {
   throwIfEnded();
-  while (!actions_.empty() && actions_.begin()->first <= now()) {
-    const auto action = std::move(actions_.begin()->second);
-    actions_.erase(actions_.begin());  // before it runs: it may wait, and so come back here
-    action();
-    throwIfEnded();
-  }
+  while (actions_.runOne(now())) throwIfEnded();
   if (!runOtherEvents) return;
   runOtherEvents();
   throwIfEnded();
@@ -58,7 +37,7 @@ void ScriptScreen::processEvents() {
 void ScriptScreen::sleepUntilEvent(double seconds) {
   constexpr double kMicroseconds = 1e6;
   const auto span = std::max<std::int64_t>(1, std::llround(seconds * kMicroseconds));
-  time_.sleepUntil(nextStop(now() + span));
+  time_.sleepUntil(actions_.next(now() + span));
 }
 
 void ScriptScreen::endProgram() {
@@ -67,19 +46,15 @@ void ScriptScreen::endProgram() {
 }
 
 void ScriptScreen::at(std::int64_t time, std::function<void()> action) {
-  actions_.emplace(time, std::move(action));
+  actions_.add(time, std::move(action));
 }
 
 void ScriptScreen::runEventsUntil(std::int64_t time) {
   processEvents();
   while (now() < time) {
-    time_.sleepUntil(nextStop(time));
+    time_.sleepUntil(actions_.next(time));
     processEvents();
   }
-}
-
-std::int64_t ScriptScreen::nextStop(std::int64_t deadline) const {
-  return actions_.empty() ? deadline : std::min(deadline, actions_.begin()->first);
 }
 
 void ScriptScreen::throwIfEnded() const {

@@ -4,12 +4,11 @@
 
 #include <cstdint>
 #include <functional>
-#include <map>
-#include <optional>
 #include <ostream>
 #include <string>
 
 #include "platform/Platform.h"
+#include "platform/Timetable.h"
 #include "script/ScriptTime.h"
 
 namespace tessarine::script {
@@ -44,12 +43,11 @@ class ScriptScreen final : public Screen {
   std::function<void(forms::Form&)> operateModal;
 
  private:
-  [[nodiscard]] std::int64_t nextStop(std::int64_t deadline) const;
   void throwIfEnded() const;
 
   ScriptTime& time_;
   std::ostream& out_;
-  std::multimap<std::int64_t, std::function<void()>> actions_;
+  Timetable actions_;
   bool ended_ = false;
 };
 

@@ -9,6 +9,7 @@
 #include "engine/PLL.h"
 #include "engine/Rounding.h"
 #include "platform/Fault.h"
+#include "platform/Text.h"
 #include "setup/TextFile.h"
 
 namespace tessarine {

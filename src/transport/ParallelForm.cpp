@@ -12,6 +12,7 @@
 #include "engine/Rounding.h"
 #include "platform/Fault.h"
 #include "platform/Platform.h"
+#include "platform/Text.h"
 
 namespace tessarine {
 

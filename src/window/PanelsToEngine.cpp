@@ -11,6 +11,7 @@
 #include "engine/PLL.h"
 #include "engine/Rounding.h"
 #include "platform/Fault.h"
+#include "platform/Text.h"
 #include "window/PllForm1.h"
 
 namespace tessarine {

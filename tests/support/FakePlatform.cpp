@@ -119,7 +119,7 @@ void FakeHost::RegCloseKey(std::uintptr_t handle) {
 }
 
 void FakeScreen::at(int milliseconds, std::function<void()> action) {
-  actions_.emplace(clock_.elapsed + milliseconds * (FakeClock::kSecond / 1000), std::move(action));
+  actions_.add(clock_.elapsed + milliseconds * (FakeClock::kSecond / 1000), std::move(action));
 }
 
 void FakeScreen::messageBox(const std::string& text, Icon icon, const std::string& title) {
@@ -129,28 +129,23 @@ void FakeScreen::messageBox(const std::string& text, Icon icon, const std::strin
 
 void FakeScreen::showModal(forms::Form& form) {
   form.Show();
-  form.forms().beginModal(form);
-  if (whileModal) whileModal(form);
-  form.forms().endModal();
+  {
+    const forms::Modality modality(form);
+    if (whileModal) whileModal(form);
+  }
   if (form.Visible) form.Unload();
 }
 
 void FakeScreen::processEvents() {
   ++eventRounds;
-  while (!actions_.empty() && actions_.begin()->first <= clock_.elapsed) {
-    const auto action = std::move(actions_.begin()->second);
-    actions_.erase(actions_.begin());  // before it runs: it may wait, and so come back here
-    action();
-  }
+  while (actions_.runOne(clock_.elapsed)) continue;
   if (ended) throw ProgramEnded();
 }
 
 void FakeScreen::sleepUntilEvent(double seconds) {
   const auto span =
       std::max<std::int64_t>(1, std::llround(seconds * static_cast<double>(FakeClock::kSecond)));
-  const auto deadline = clock_.elapsed + span;
-  const auto next = actions_.empty() ? deadline : actions_.begin()->first;
-  clock_.elapsed = std::max(clock_.elapsed, std::min(deadline, next));
+  clock_.elapsed = std::max(clock_.elapsed, actions_.next(clock_.elapsed + span));
 }
 
 void FakeScreen::endProgram() {

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "platform/Platform.h"
+#include "platform/Timetable.h"
 
 namespace tessarine {
 
@@ -146,7 +147,7 @@ class FakeScreen : public Screen {
 
  private:
   FakeClock& clock_;
-  std::multimap<std::int64_t, std::function<void()>> actions_;  // by FakeClock::elapsed
+  Timetable actions_;  // by FakeClock::elapsed
 };
 
 struct FakePlatform {

@@ -92,17 +92,8 @@ double FrequencyPlot::lastTime() const {
 }
 
 std::size_t FrequencyPlot::countUntil(double time) const {
-  std::size_t low = 0;
-  std::size_t high = history().size();
-  while (low < high) {
-    const std::size_t middle = low + (high - low) / 2;
-    if (static_cast<double>(history()[middle].time) <= time) {
-      low = middle + 1;
-    } else {
-      high = middle;
-    }
-  }
-  return low;
+  return history().countWhile(
+      [time](const FrequencyPoint& point) { return static_cast<double>(point.time) <= time; });
 }
 
 QString FrequencyPlot::cursorText() const {

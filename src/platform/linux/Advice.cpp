@@ -4,9 +4,9 @@
 #include <charconv>
 #include <cmath>
 #include <cstddef>
-#include <initializer_list>
 
 #include "platform/Fault.h"
+#include "platform/Text.h"
 
 namespace tessarine::advice {
 namespace {
@@ -27,12 +27,6 @@ std::string hex(unsigned value) {
 }
 
 std::string port(std::uint16_t base) { return "Parallel port " + hex(base); }
-
-std::string joined(std::initializer_list<std::string_view> parts) {
-  std::string text;
-  for (const std::string_view part : parts) text += part;
-  return text;
-}
 
 std::string list(const std::vector<std::uint16_t>& addresses) {
   std::string text;

@@ -9,17 +9,13 @@
 #include <string_view>
 
 #include "platform/Fault.h"
+#include "platform/Text.h"
 
 namespace tessarine {
 namespace {
 
+constexpr std::string_view kBlanks = " \t\r";
 constexpr std::size_t kMostBytes = 1 << 16;
-
-std::string_view withoutBlanks(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(" \t\r");
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
-}
 
 std::string textOf(const std::string& path) {
   std::string text(kMostBytes, ' ');
@@ -37,7 +33,7 @@ std::string textOf(const std::string& path) {
 
 void takeWire(GpioWires& wires, std::string_view line) {
   const std::string_view role = line.substr(0, line.find_first_of(" \t"));
-  const std::string name{withoutBlanks(line.substr(role.size()))};
+  const std::string name{trimmed(line.substr(role.size()), kBlanks)};
   const auto* const known = std::ranges::find(kGpioRoles, role);
   if (known == kGpioRoles.end()) throw Fault(quoted(role) + " is no role");
   if (name.empty()) throw Fault(std::string(role) + " names no line");
@@ -63,7 +59,7 @@ GpioWires readGpioWires(const std::string& path) {
   std::istringstream lines(textOf(path));
   std::string line;
   for (int number = 1; std::getline(lines, line); ++number) {
-    const std::string_view wire = withoutBlanks(std::string_view(line).substr(0, line.find('#')));
+    const std::string_view wire = trimmed(std::string_view(line).substr(0, line.find('#')), kBlanks);
     try {
       if (!wire.empty()) takeWire(wires, wire);
     } catch (const Fault& fault) {

@@ -5,6 +5,8 @@
 #include <charconv>
 #include <optional>
 
+#include "platform/Text.h"
+
 namespace tessarine {
 namespace {
 
@@ -17,7 +19,7 @@ constexpr std::array kKinds{
 };
 
 std::string trimmedText(const std::optional<std::string>& text) {
-  return text ? text->substr(0, text->find_last_not_of(" \n") + 1) : std::string();
+  return std::string(trimmed(text.value_or(""), " \n"));
 }
 
 // The numbers of a text, whatever stands between them.
