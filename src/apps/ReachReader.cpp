@@ -10,6 +10,7 @@
 #include "engine/Rounding.h"
 #include "engine/Types.h"
 #include "platform/Fault.h"
+#include "platform/Text.h"
 #include "setup/BandSetupFile.h"
 #include "setup/TextFile.h"
 

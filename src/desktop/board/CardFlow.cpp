@@ -19,10 +19,7 @@ CardFlow::CardFlow() {
   ground_.setAutoFillBackground(false);
 }
 
-CardFlow::~CardFlow() {
-  for (Card* const card : cards_) card->setParent(nullptr);
-  takeWidget();
-}
+CardFlow::~CardFlow() { takeWidget(); }
 
 void CardFlow::add(Card& card) {
   cards_.push_back(&card);

@@ -18,7 +18,7 @@ class CardFlow : public QScrollArea {
   CardFlow(const CardFlow&) = delete;
   CardFlow& operator=(const CardFlow&) = delete;
 
-  // The card outlives its place here.
+  // The card goes before its place here does.
   void add(Card& card);
 
  protected:
