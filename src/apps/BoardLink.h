@@ -44,6 +44,7 @@ class BoardLink {
   // From now on the board follows this program, which may end first.
   void connect(Program& program) { socket_.connect(program, board()); }
   [[nodiscard]] std::optional<double> askedMHz() const { return socket_.askedMHz(); }
+  [[nodiscard]] std::uint64_t fieldsVersion() const { return socket_.fieldsVersion(); }
 
  protected:
   BoardSocket socket_;

@@ -16,6 +16,7 @@ void BoardSocket::connect(Program& program, board::EvaluationBoard& board) {
 // The entry's own caption: the window says ADF4106 where the engine works with the words of an ADF4113. Close
 // takes no chip off the board.
 void BoardSocket::changed(forms::Control& /*control*/, forms::Aspect /*aspect*/) {
+  ++changes_;
   const Integer index = program_->window.CurrentModelIndex;
   if (index == pluggedIndex_ || index == 0) return;
   pluggedIndex_ = index;

@@ -30,11 +30,15 @@ class BoardSocket : public forms::Observer {
   // The output frequency that the last command was for, in MHz; none before the first.
   [[nodiscard]] std::optional<double> askedMHz() const;
 
+  // Another number whenever a control has changed.
+  [[nodiscard]] std::uint64_t fieldsVersion() const { return changes_; }
+
   void changed(forms::Control& control, forms::Aspect aspect) override;
 
  private:
   Program* program_ = nullptr;
   board::EvaluationBoard* board_ = nullptr;
+  std::uint64_t changes_ = 0;
   Integer pluggedIndex_ = 0;  // of the model menu's entry
 };
 

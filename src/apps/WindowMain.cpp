@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "apps/BoardLink.h"
+#include "apps/ReachReader.h"
 #include "apps/Recording.h"
 #include "apps/RemoteControl.h"
 #include "apps/SteadyTime.h"
@@ -52,11 +53,14 @@ int run(const ProgramKind& kind, const Options& options, std::vector<char*>& too
   if (remote.server() != nullptr) watch.emplace(*remote.server());
   Recording recording(options.record, *link, program,
                       {.microseconds = steadyMicroseconds, .isVirtual = false}, tell);
+  ReachReader reach;
   desktop::BoardWindow boardWindow({.board = link->board(),
                                     .virtualBoard = link->virtualBoard(),
                                     .askedMHz = [&] { return link->askedMHz(); },
                                     .onFirstShow = [&] { link->listen(); },
-                                    .remote = [&] { return remote.describe(); }});
+                                    .remote = [&] { return remote.describe(); },
+                                    .reach = [&] { return reach.reach(program); },
+                                    .fieldsVersion = [&] { return link->fieldsVersion(); }});
   const desktop::BoardKey boardKey(boardWindow);
   desktop.run(program.forms, program.door, [&] {
     if (link->virtualBoard() != nullptr) boardWindow.openBelow();

@@ -55,6 +55,7 @@ QFont enlarged(const QFont& base, double factor, bool bold) {
 BoardWindow::BoardWindow(BoardFeed feed)
     : feed_(std::move(feed)),
       saving_{askWithDialog, [this](const QString& text) { status_.setText(text); }},
+      chip_(feed_.reach),
       wire_(feed_.board, saving_),
       frequency_(feed_.board, saving_) {
   setObjectName(QStringLiteral("boardWindow"));
@@ -87,7 +88,7 @@ BoardWindow::BoardWindow(BoardFeed feed)
   remote_.setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   remote_.setVisible(!feed_.remote().empty());
   column->addWidget(&remote_);
-  resize(fontMetrics().averageCharWidth() * 140, fontMetrics().height() * 38);
+  resize(fontMetrics().averageCharWidth() * 140, fontMetrics().height() * 46);
 
   next_.setSingleShot(true);
   next_.setTimerType(Qt::PreciseTimer);
@@ -145,7 +146,7 @@ void BoardWindow::fillFaults() {
 
 bool BoardWindow::isUpToDate() const {
   return shownVersion_ == feed_.board.version() && shownAsked_ == feed_.askedMHz() &&
-         shownRemote_ == feed_.remote();
+         shownRemote_ == feed_.remote() && shownFields_ == feed_.fieldsVersion();
 }
 
 void BoardWindow::watch() {
@@ -161,6 +162,7 @@ void BoardWindow::refresh() {
   shownVersion_ = feed_.board.version();
   shownAsked_ = feed_.askedMHz();
   shownRemote_ = feed_.remote();
+  shownFields_ = feed_.fieldsVersion();
   setTextIfNew(remote_, QString::fromStdString(shownRemote_));
   takeHeader();
   // The tab widget knows its pages as plain widgets.

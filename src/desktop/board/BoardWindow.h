@@ -14,6 +14,7 @@
 #include <optional>
 #include <string>
 
+#include "board/Reach.h"
 #include "board/VirtualBoard.h"
 #include "desktop/board/ChipView.h"
 #include "desktop/board/FrequencyView.h"
@@ -35,6 +36,10 @@ struct BoardFeed {
   std::function<void()> onFirstShow = [] {};
   // Who works the program from outside, in a line; empty where nobody can.
   std::function<std::string()> remote = [] { return std::string(); };
+  // What a load of the fields as they stand would give; empty where nobody can tell.
+  std::function<board::Reach()> reach = {};
+  // Another number whenever a field is another one.
+  std::function<std::uint64_t()> fieldsVersion = [] { return std::uint64_t{0}; };
 };
 
 class BoardWindow : public QWidget {
@@ -98,6 +103,7 @@ class BoardWindow : public QWidget {
   std::optional<std::uint64_t> shownVersion_;
   std::optional<double> shownAsked_;
   std::string shownRemote_;
+  std::uint64_t shownFields_ = 0;
   // The next refresh. It runs only when there is something new.
   QTimer next_;
   QElapsedTimer sinceRefresh_;

@@ -3,7 +3,6 @@
 #include <QEvent>
 #include <QScrollBar>
 #include <algorithm>
-#include <cstddef>
 
 namespace tessarine::desktop {
 
@@ -21,37 +20,45 @@ CardFlow::CardFlow() {
 
 CardFlow::~CardFlow() { takeWidget(); }
 
-void CardFlow::add(Card& card) {
-  cards_.push_back(&card);
-  card.setParent(&ground_);
-  card.installEventFilter(this);
+void CardFlow::place(Place place) {
+  places_.push_back(place);
+  place.card->setParent(&ground_);
+  place.card->installEventFilter(this);
   columns_ = 0;
   flow();
 }
 
-int CardFlow::widestCard() const {
+int CardFlow::widest(bool wide) const {
   int widest = 1;
-  for (const Card* const card : cards_) widest = std::max(widest, card->minimumSizeHint().width());
+  for (const Place& place : places_) {
+    if (place.wide == wide) widest = std::max(widest, place.card->minimumSizeHint().width());
+  }
   return widest;
 }
 
 QSize CardFlow::minimumSizeHint() const {
-  return {widestCard() + verticalScrollBar()->sizeHint().width(), fontMetrics().height() * 8};
+  return {std::max(widest(true), widest(false)) + verticalScrollBar()->sizeHint().width(),
+          fontMetrics().height() * 8};
 }
 
 void CardFlow::flow() {
   const int space = std::max(0, grid_.horizontalSpacing());
   const int room = viewport()->width() + space;
-  const int columns = std::clamp(room / (widestCard() + space), 1, static_cast<int>(cards_.size()));
+  const auto narrow = std::ranges::count(places_, false, &Place::wide);
+  const int columns = std::clamp(room / (widest(false) + space), 1, std::max(1, static_cast<int>(narrow)));
   if (columns == columns_) return;
   columns_ = columns;
-  for (std::size_t index = 0; index < cards_.size(); ++index) {
-    const int at = static_cast<int>(index);
-    grid_.addWidget(cards_[index], at / columns, at % columns);
-    grid_.setColumnStretch(at, at < columns ? 1 : 0);
-    grid_.setRowStretch(at, 0);
+  int cell = 0;  // counted along the rows
+  for (const auto& [card, wide] : places_) {
+    if (wide) cell = (cell + columns - 1) / columns * columns;
+    grid_.addWidget(card, cell / columns, cell % columns, 1, wide ? columns : 1);
+    cell += wide ? columns : 1;
   }
-  grid_.setRowStretch(static_cast<int>(cards_.size()), 1);
+  const int lines = static_cast<int>(places_.size());
+  for (int at = 0; at <= lines; ++at) {
+    grid_.setColumnStretch(at, at < columns ? 1 : 0);
+    grid_.setRowStretch(at, at == lines ? 1 : 0);
+  }
 }
 
 void CardFlow::resizeEvent(QResizeEvent* event) {

@@ -19,7 +19,9 @@ class CardFlow : public QScrollArea {
   CardFlow& operator=(const CardFlow&) = delete;
 
   // The card goes before its place here does.
-  void add(Card& card);
+  void add(Card& card) { place({&card, false}); }
+  // A row of its own.
+  void addWide(Card& card) { place({&card, true}); }
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -27,12 +29,17 @@ class CardFlow : public QScrollArea {
   [[nodiscard]] QSize minimumSizeHint() const override;
 
  private:
-  [[nodiscard]] int widestCard() const;
+  struct Place {
+    Card* card;
+    bool wide;
+  };
+  void place(Place place);
+  [[nodiscard]] int widest(bool wide) const;
   void flow();
 
   QWidget ground_;
   QGridLayout grid_{&ground_};
-  std::vector<Card*> cards_;
+  std::vector<Place> places_;
   int columns_ = 0;
 };
 

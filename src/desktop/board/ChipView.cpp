@@ -2,8 +2,7 @@
 
 #include <QVBoxLayout>
 #include <optional>
-#include <string>
-#include <vector>
+#include <utility>
 
 #include "desktop/board/Signs.h"
 #include "desktop/board/Texts.h"
@@ -14,25 +13,13 @@ namespace {
 
 constexpr double kHertz = 1e6;  // in a megahertz
 
-QString linesOf(const std::vector<std::string>& all) {
-  QStringList lines;
-  for (const std::string& line : all) lines << text(line);
-  return lines.join(QLatin1Char('\n'));
-}
-
 QString orNone(const QString& text) { return text.isEmpty() ? QStringLiteral("none") : text; }
-
-void setInk(QLabel& label, const QColor& ink) {
-  QPalette palette = label.palette();
-  if (palette.color(QPalette::WindowText) == ink) return;
-  palette.setColor(QPalette::WindowText, ink);
-  label.setPalette(palette);
-}
 
 }  // namespace
 
-ChipView::ChipView()
-    : output_(frequencies_.addLine(QStringLiteral("Output"), QStringLiteral("output")).value),
+ChipView::ChipView(std::function<board::Reach()> reach)
+    : reachOf_(std::move(reach)),
+      output_(frequencies_.addLine(QStringLiteral("Output"), QStringLiteral("output")).value),
       asked_(frequencies_.addLine(QStringLiteral("Last asked for"), QStringLiteral("asked")).value),
       offset_(frequencies_.addLine(QStringLiteral("Difference"), QStringLiteral("offset")).value),
       detector_(frequencies_.addLine(QStringLiteral("Detector"), QStringLiteral("detector")).value),
@@ -42,6 +29,7 @@ ChipView::ChipView()
       reason_(lock_.addText(QStringLiteral("reason"))),
       pin_(lock_.addLine(QStringLiteral("Lock-detect pin"), QStringLiteral("lockPin")).value),
       notes_(lock_.addText(QStringLiteral("notes"))) {
+  if (reachOf_) cards_.addWide(reach_);
   for (Card* const card : {&frequencies_, &loop_, &lock_}) cards_.add(*card);
   auto* const column = new QVBoxLayout(this);
   column->addWidget(&diagram_);
@@ -58,6 +46,7 @@ void ChipView::take(const board::EvaluationBoard& board, std::optional<double> a
   takeFrequencies(tuning, askedMHz);
   takeDividers(tuning);
   takeLock(tuning);
+  if (reachOf_) reach_.take(reachOf_());
 }
 
 void ChipView::takeFrequencies(const board::Tuning& tuning, std::optional<double> askedMHz) {

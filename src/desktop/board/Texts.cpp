@@ -1,5 +1,6 @@
 #include "desktop/board/Texts.h"
 
+#include <QStringList>
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
@@ -43,6 +44,12 @@ QString timeText(double microseconds) {
   if (size < 1e3) return rounded(microseconds) + QStringLiteral(" µs");
   if (size < 1e6) return rounded(microseconds / 1e3) + QStringLiteral(" ms");
   return rounded(microseconds / 1e6) + QStringLiteral(" s");
+}
+
+QString linesOf(const std::vector<std::string>& all) {
+  QStringList lines;
+  for (const std::string& line : all) lines << text(line);
+  return lines.join(QLatin1Char('\n'));
 }
 
 QString groupedBinary(std::uint32_t bits, int width) {

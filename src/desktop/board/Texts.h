@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tessarine::desktop {
 
@@ -25,6 +26,8 @@ namespace tessarine::desktop {
 [[nodiscard]] QString timeText(double microseconds);
 // A multiple of `step` at a line of a grid, with the digits that tell it from its neighbours; never "-0".
 [[nodiscard]] QString tickText(double value, double step);
+// A line of text each.
+[[nodiscard]] QString linesOf(const std::vector<std::string>& all);
 // "0000 1111 0000", in fours from the right.
 [[nodiscard]] QString groupedBinary(std::uint32_t bits, int width);
 // "0x00C8"
