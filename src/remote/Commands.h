@@ -2,6 +2,7 @@
 // operator's door.
 #pragma once
 
+#include <concepts>
 #include <functional>
 #include <string>
 #include <vector>
@@ -58,7 +59,11 @@ struct Call {
   // Picks a mode, unless the window is in it.
   void enter(Mode mode) const;
   void reply(const std::string& text) const { session.reply(text); }
-  void reply(bool flag) const { session.reply(flag ? "1" : "0"); }
+  // Of nothing else: a text in quotes would rather be a flag than a string.
+  template <std::same_as<bool> Flag>
+  void reply(Flag flag) const {
+    session.reply(flag ? "1" : "0");
+  }
 };
 
 // A row of the table.
