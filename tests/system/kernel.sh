@@ -43,27 +43,29 @@ fetchKernel() {
   echo "${kernelModules[*]}" > "$cache/ready"
 }
 
-# buildModule FOLDER SOURCE TARGET: TARGET.ko from SOURCE, against the headers of the kernel in FOLDER, which come beside
-# it. Returns 1 when they cannot be had.
+# buildModule FOLDER SOURCE TARGET: TARGET.ko from SOURCE, against the headers of the kernel in FOLDER, whose packages are
+# kept beside it. Returns 1 when they cannot be had.
 buildModule() {
-  local headers=$1/headers name list
+  local headers=$1/headers name list package place
   name=linux-headers-$(basename "$1"/modules/*)
   if [ ! -e "$headers/ready" ]; then
     rm -rf "$headers"
     mkdir -p "$headers"
     list=$(apt-cache depends "$name" 2> /dev/null | awk '/Depends: linux-(headers|kbuild)-/ { print $2 }')
     (cd "$headers" && apt-get download -q "$name" $list > apt.log 2>&1) || { tail -n 1 "$headers/apt.log"; return 1; }
-    for package in "$headers"/*.deb; do dpkg-deb -x "$package" "$headers"; done
-    # The packages know each other by their places under /usr/src.
-    sed -i "s|/usr/src|$headers/usr/src|" "$headers/usr/src/$name/Makefile"
-    rm -f "$headers"/*.deb
     touch "$headers/ready"
   fi
-  mkdir -p "$3.build"
-  cp "$2" "$3.build/"
-  echo "obj-m := $(basename "$3").o" > "$3.build/Makefile"
-  make -C "$headers/usr/src/$name" M="$3.build" modules > "$3.log" 2>&1 || { tail -n 1 "$3.log"; return 1; }
-  cp "$3.build/$(basename "$3").ko" "$3.ko"
+  place=$(mktemp -d)  # whose path has no blanks, which make does not stand
+  for package in "$headers"/*.deb; do dpkg-deb -x "$package" "$place"; done
+  # The packages know each other by their places under /usr/src.
+  sed -i "s|/usr/src|$place/usr/src|" "$place/usr/src/$name/Makefile"
+  mkdir "$place/module"
+  cp "$2" "$place/module/"
+  echo "obj-m := $(basename "$3").o" > "$place/module/Makefile"
+  make -C "$place/usr/src/$name" M="$place/module" modules > "$3.log" 2>&1
+  mv "$place/module/$(basename "$3").ko" "$3.ko" 2> /dev/null
+  rm -rf "$place"
+  [ -e "$3.ko" ] || { grep -m 1 -i error "$3.log"; return 1; }
 }
 
 if [ "${BASH_SOURCE[0]}" = "$0" ]; then fetchKernel "$1"; fi
