@@ -76,6 +76,22 @@ bool Control::isEnabled() const {
 
 void Control::tellObservers(Aspect aspect) { form_->forms().tell(*this, aspect); }
 
+Control::Effect Control::onClick() { return {.refusal = "is not for clicking"}; }
+
+Control::Effect Control::onDoubleClick() {
+  return DblClick ? handled(DblClick) : Effect{.refusal = "is not for double-clicking"};
+}
+
+Control::Effect Control::onType(std::string_view /*text*/) { return {.refusal = "takes no text"}; }
+
+Control::Effect Control::onPick(int /*item*/) { return {.refusal = "is no list"}; }
+
+Control::Effect Control::handled(const Event& event) {
+  return {.run = [&event] {
+    if (const Event handler = event) handler();
+  }};
+}
+
 void Control::raise(const Event& event) {
   // A copy: the handler may put another one in its place.
   if (const Event handler = event) handler();

@@ -69,6 +69,19 @@ class Control {
   // What the control shows: its caption, its text, or "0" and "1".
   [[nodiscard]] virtual std::string value() const { return {}; }
 
+  // What an action of the operator comes to; or why the control does not take it, to stand behind its name.
+  struct Effect {
+    Event run = {};
+    std::string refusal = {};
+  };
+  // The rules of each kind. The door (Operator) alone acts by them.
+  virtual Effect onClick();
+  virtual Effect onDoubleClick();
+  virtual Effect onType(std::string_view text);
+  virtual Effect onPick(int item);
+  // The value as a whole: a text, an item, "0" or "1".
+  virtual Effect onSet(std::string_view value) { return onType(value); }
+
   void Move(int left, int top, int width, int height) { Place = Twips{left, top, width, height}; }
 
   Property<bool> Visible{*this, Aspect::Visible, true};
@@ -88,6 +101,8 @@ class Control {
   virtual void changed(Aspect aspect) { tellObservers(aspect); }
   void tellObservers(Aspect aspect);
   static void raise(const Event& event);
+  // The effect of a control that does nothing by itself. The handler may end with the event replaced.
+  [[nodiscard]] static Effect handled(const Event& event);
 
  private:
   friend class Form;

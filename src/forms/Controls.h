@@ -5,6 +5,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "forms/Control.h"
@@ -27,6 +28,7 @@ class Label : public Control {
  public:
   Label(Container& in, std::string name, int index, std::string caption);
   [[nodiscard]] std::string value() const override { return Caption; }
+  Effect onClick() override { return handled(Click); }
 
   Property<std::string> Caption{*this, Aspect::Caption};
   Property<std::optional<std::uint32_t>> BackColor{*this, Aspect::BackColor};  // red + 256 green + 65536 blue
@@ -40,6 +42,7 @@ class TextBox : public Control {
  public:
   TextBox(Container& in, std::string name, int index, std::string text);
   [[nodiscard]] std::string value() const override { return Text; }
+  Effect onType(std::string_view text) override;
 
   Property<std::string> Text{*this, Aspect::Text};
 
@@ -51,6 +54,7 @@ class CommandButton : public Control {
  public:
   CommandButton(Container& in, std::string name, int index, std::string caption);
   [[nodiscard]] std::string value() const override { return Caption; }
+  Effect onClick() override { return handled(Click); }
 
   Property<std::string> Caption{*this, Aspect::Caption};  // "&" marks the access key
   bool Default = false;                                   // Enter clicks it
@@ -61,6 +65,8 @@ class CheckBox : public Control {
  public:
   CheckBox(Container& in, std::string name, int index, std::string caption);
   [[nodiscard]] std::string value() const override { return std::to_string(Value.get()); }
+  Effect onClick() override;
+  Effect onSet(std::string_view value) override;
 
   Property<std::string> Caption{*this, Aspect::Caption};
   Property<int> Value{*this, Aspect::Value};  // 0 or 1
@@ -74,6 +80,8 @@ class OptionButton : public Control {
  public:
   OptionButton(Container& in, std::string name, int index, std::string caption);
   [[nodiscard]] std::string value() const override { return Value ? "1" : "0"; }
+  Effect onClick() override;
+  Effect onSet(std::string_view value) override;
 
   Property<std::string> Caption{*this, Aspect::Caption};
   Property<bool> Value{*this, Aspect::Value};
@@ -91,7 +99,19 @@ class ListControl : public Control {
   Property<int> ListIndex{*this, Aspect::ListIndex, -1};  // -1: none
 
   // The text at ListIndex, empty without one.
-  [[nodiscard]] std::string picked() const;
+  [[nodiscard]] std::string picked() const { return itemText(ListIndex); }
+  // Empty without that item.
+  [[nodiscard]] std::string itemText(int item) const;
+  // The place of a text, -1 without it.
+  [[nodiscard]] int itemWith(std::string_view text) const;
+
+  Effect onDoubleClick() override { return handled(DblClick); }
+  Effect onPick(int item) override;
+  Effect onSet(std::string_view value) override;
+
+ protected:
+  // The operator picks an item that is there.
+  virtual void take(int item) { ListIndex = item; }
 };
 
 // An editable combo box.
@@ -99,6 +119,8 @@ class ComboBox : public ListControl {
  public:
   ComboBox(Container& in, std::string name, int index, std::string text);
   [[nodiscard]] std::string value() const override { return Text; }
+  Effect onType(std::string_view text) override;
+  Effect onSet(std::string_view value) override { return onType(value); }
   // Puts a new list in place of the old one; the text goes with it. Raises nothing.
   void rebuild(std::vector<std::string> items);
   // Picks an item: its text is taken over and Click is raised.
@@ -108,6 +130,7 @@ class ComboBox : public ListControl {
 
  protected:
   void changed(Aspect aspect) override;  // Text raises Change
+  void take(int item) override { pick(item); }
 
  private:
   bool picking_ = false;
@@ -128,6 +151,7 @@ class Frame : public Container {
  public:
   Frame(Container& in, std::string name, int index, std::string caption);
   [[nodiscard]] std::string value() const override { return Caption; }
+  Effect onClick() override { return handled(Click); }
 
   Property<std::string> Caption{*this, Aspect::Caption};
 };
@@ -135,6 +159,7 @@ class Frame : public Container {
 class PictureBox : public Container {
  public:
   PictureBox(Container& in, std::string name, int index, std::string ignored);
+  Effect onClick() override { return handled(Click); }
 };
 
 class Line : public Control {
@@ -147,6 +172,7 @@ class Menu : public Container {
  public:
   Menu(Container& in, std::string name, int index, std::string caption);
   [[nodiscard]] std::string value() const override { return Caption; }
+  Effect onClick() override { return isSeparator() ? Container::onClick() : handled(Click); }
   [[nodiscard]] bool isSeparator() const { return Caption == "-"; }
 
   Property<std::string> Caption{*this, Aspect::Caption};

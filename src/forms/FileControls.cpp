@@ -133,6 +133,20 @@ void DirListBox::enterItem(int item) {
   }
 }
 
+Control::Effect DirListBox::onDoubleClick() {
+  return {.run = [this] {
+    enterItem(ListIndex);
+    raise(DblClick);
+  }};
+}
+
+Control::Effect DirListBox::onSet(std::string_view value) {
+  if (const int item = itemWith(value); item >= 0) return {.run = [this, item] { enterItem(item); }};
+  const std::string path(value);
+  if (!canEnter(path)) return {.refusal = "cannot enter \"" + path + '"'};
+  return {.run = [this, path] { enter(path); }};
+}
+
 void DirListBox::refresh() { rebuild(); }
 
 void DirListBox::changed(Aspect aspect) {
@@ -169,6 +183,14 @@ void FileListBox::changed(Aspect aspect) {
   if (aspect == Aspect::Text || aspect == Aspect::Value) rebuild();
   tellObservers(aspect);
   if (aspect == Aspect::ListIndex && ListIndex >= 0) raise(Click);
+}
+
+void FileListBox::take(int item) {
+  if (ListIndex == item) {
+    raise(Click);
+  } else {
+    ListIndex = item;
+  }
 }
 
 void FileListBox::rebuild() {

@@ -38,6 +38,8 @@ class DirListBox : public ListControl {
   // How many of the list's lines lead down to Path; the others stand below it.
   [[nodiscard]] int depth() const { return depth_; }
   void refresh();
+  Effect onDoubleClick() override;
+  Effect onSet(std::string_view value) override;
 
   Property<std::string> Path{*this, Aspect::Text};
 
@@ -64,6 +66,8 @@ class FileListBox : public ListControl {
 
  protected:
   void changed(Aspect aspect) override;  // ListIndex raises Click
+  // A click on the file that is selected already counts: its name may have been cleared since.
+  void take(int item) override;
 
  private:
   void rebuild();

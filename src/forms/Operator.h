@@ -61,6 +61,7 @@ class Operator {
 
  private:
   void run(const Action& action, const Event& handler);
+  Refusal carryOut(const Action& action, const Control::Effect& effect);
   [[nodiscard]] Refusal refusal(const Control& control) const;
 
   class Depth;
