@@ -4,6 +4,7 @@
 
 #include "board/ChipMaps.h"
 #include "board/FractionalN.h"
+#include "board/Meanings.h"
 
 namespace tessarine::board {
 
@@ -11,9 +12,6 @@ namespace {
 
 using Text = std::string_view;
 
-constexpr Text kOffOn[] = {"off", "on"};
-constexpr Text kPolarity[] = {"negative", "positive"};
-constexpr Text kPrescaler[] = {"4/5", "8/9"};
 constexpr Text kPumpAdjust[] = {"nominal", "adjusted"};
 constexpr Text kPumpOutput[] = {"grounded", "normal"};
 constexpr Text kAmplifier[] = {"in use", "reserved", "reserved", "powered down"};
@@ -51,7 +49,7 @@ constexpr Field kR1Fields[] = {
     number(3, 12, "MOD"),
     number(15, 4, "R"),
     choice(19, 1, "reference doubler", kOffOn),
-    choice(20, 1, "prescaler", kPrescaler),
+    choice(20, 1, "prescaler", kFractionalPrescaler),
     reserved(21, 1),
     choice(22, 1, "reference halver", kOffOn),
     choice(23, 1, "CP adjust", kPumpAdjust),

@@ -4,16 +4,13 @@
 
 #include "board/ChipMaps.h"
 #include "board/FractionalN.h"
+#include "board/Meanings.h"
 
 namespace tessarine::board {
 
 namespace {
 
 using Text = std::string_view;
-
-constexpr Text kOffOn[] = {"off", "on"};
-constexpr Text kPolarity[] = {"negative", "positive"};
-constexpr Text kPrescaler[] = {"4/5", "8/9"};
 
 // ---- ADF4251, ADF4252: the RF synthesizer, three control bits
 
@@ -46,7 +43,7 @@ constexpr Field k425xRFields[] = {
     number(3, 12, "MOD"),
     number(15, 4, "R"),
     choice(19, 1, "reference doubler", kOffOn),
-    choice(20, 1, "prescaler", kPrescaler),
+    choice(20, 1, "prescaler", kFractionalPrescaler),
 };
 // The three noise bits work together: 000 lowest spur, 001 low noise and spur, 111 lowest noise.
 constexpr Field k425xControlFields[] = {
@@ -89,7 +86,6 @@ constexpr Text k4153Mux[] = {"three-state",      "digital lock detect", "N divid
 constexpr Text k4153PumpCurrent[] = {"0.63 mA", "1.25 mA", "1.88 mA", "2.50 mA", "3.13 mA", "3.75 mA",
                                      "4.38 mA", "5.00 mA", "0.31 mA", "0.63 mA", "0.94 mA", "1.25 mA",
                                      "1.57 mA", "1.88 mA", "2.19 mA", "2.50 mA"};
-constexpr Text kLockPrecision[] = {"3 cycles", "5 cycles"};
 constexpr Text kNoiseMode[] = {"lowest spur", "reserved", "reserved",           "reserved",
                                "reserved",    "reserved", "reserved",           "reserved",
                                "reserved",    "reserved", "reserved",           "reserved",
@@ -103,7 +99,7 @@ constexpr Field k4153NFields[] = {
 constexpr Field k4153RFields[] = {
     number(2, 12, "MOD"),
     number(14, 4, "R"),
-    choice(18, 1, "prescaler", kPrescaler),
+    choice(18, 1, "prescaler", kFractionalPrescaler),
     reserved(19, 1),
     choice(20, 3, "muxout", k4153Mux),
     choice(23, 1, "load control", kOffOn),

@@ -7,6 +7,7 @@
 #include "board/Chip.h"
 #include "board/ChipMaps.h"
 #include "board/DualModulus.h"
+#include "board/Meanings.h"
 
 namespace tessarine::board {
 
@@ -14,8 +15,6 @@ namespace {
 
 using Text = std::string_view;
 
-constexpr Text kOffOn[] = {"off", "on"};
-constexpr Text kPolarity[] = {"negative", "positive"};
 constexpr Text kPowerDownMode[] = {"asynchronous", "synchronous"};
 constexpr Text kMuxout[] = {"three-state",      "digital lock detect",    "N divider output",   "logic high",
                             "R divider output", "open-drain lock detect", "serial data output", "logic low"};
@@ -23,7 +22,6 @@ constexpr Text kTimerCycles[] = {"3 cycles",  "7 cycles",  "11 cycles", "15 cycl
                                  "27 cycles", "31 cycles", "35 cycles", "39 cycles", "43 cycles", "47 cycles",
                                  "51 cycles", "55 cycles", "59 cycles", "63 cycles"};
 constexpr Text kFunctionLatch[] = {"function", "initialization"};
-constexpr Text kLockPrecision[] = {"3 cycles", "5 cycles"};
 
 // ---- ADF4106, ADF4110 to ADF4113: 24 bits, two control bits at the low end
 

@@ -4,6 +4,7 @@
 
 #include "board/Chip.h"
 #include "board/ChipMaps.h"
+#include "board/Meanings.h"
 #include "board/SkyRatio.h"
 
 namespace tessarine::board {
@@ -12,7 +13,6 @@ namespace {
 
 using Text = std::string_view;
 
-constexpr Text kOffOn[] = {"off", "on"};
 constexpr Text kLockPin[] = {"lock detect", "power steering"};
 constexpr Text kDividerMode[] = {"fractional-N", "integer-N"};
 constexpr Text kFractionWidth[] = {"18 bits", "10 bits"};
