@@ -13,7 +13,10 @@ void ClientScreen::messageBox(const std::string& text, Icon icon, const std::str
 }
 
 void ClientScreen::showModal(forms::Form& form) {
-  if (Actor* const actor = client()) actor->windowOpened();
+  if (Actor* const actor = client()) {
+    hands_->letOthersIn();
+    actor->windowOpened();
+  }
   screen_.showModal(form);
 }
 

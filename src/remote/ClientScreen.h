@@ -14,7 +14,7 @@ class ClientScreen final : public Screen {
   explicit ClientScreen(Screen& screen) : screen_(screen) {}
 
   // From now on the messages of clients' actions go to the clients. The hands may go first, after null.
-  void follow(const Hands* hands) { hands_ = hands; }
+  void follow(Hands* hands) { hands_ = hands; }
   [[nodiscard]] bool hasEnded() const { return ended_; }
 
   void messageBox(const std::string& text, Icon icon, const std::string& title) override;
@@ -28,7 +28,7 @@ class ClientScreen final : public Screen {
   [[nodiscard]] Actor* client() const { return hands_ == nullptr ? nullptr : hands_->actor(); }
 
   Screen& screen_;
-  const Hands* hands_ = nullptr;
+  Hands* hands_ = nullptr;
   bool ended_ = false;
 };
 

@@ -29,10 +29,11 @@ void tellEvents(const Call& call) { call.reply(std::to_string(call.session.statu
 void complete(const Call& call) { call.session.tellCompletion(); }
 
 void tellComplete(const Call& call) {
-  if (call.session.isComplete()) call.reply(true);
+  call.session.awaitCompletion();
+  call.reply(true);
 }
 
-void awaitCompletion(const Call& call) { (void)call.session.isComplete(); }
+void awaitCompletion(const Call& call) { call.session.awaitCompletion(); }
 
 // A program on its first screen is as new as it gets.
 void reset(const Call& call) {

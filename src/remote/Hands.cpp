@@ -9,7 +9,8 @@ namespace tessarine::remote {
 
 using forms::Control;
 
-Hands::Hands(forms::FormList& forms, forms::Operator& door) : forms_(forms), door_(door) {
+Hands::Hands(forms::FormList& forms, forms::Operator& door, std::vector<const Control*> starters)
+    : forms_(forms), door_(door), starters_(std::move(starters)) {
   door_.watch(*this);
 }
 
@@ -32,13 +33,20 @@ bool Hands::isRunning(const Control& control) const {
   return std::ranges::any_of(running_, [&](const Running& each) { return each.clicked == &control; });
 }
 
+void Hands::letOthersIn() {
+  if (!running_.empty()) running_.back().holds = false;
+}
+
 void Hands::begins(const forms::Action& action) {
-  running_.push_back({.actor = std::exchange(next_, nullptr),
-                      .clicked = action.deed == forms::Deed::click ? &action.control : nullptr});
+  Actor* const actor = std::exchange(next_, nullptr);
+  const Control* const clicked = action.deed == forms::Deed::click ? &action.control : nullptr;
+  const bool starts = std::ranges::find(starters_, clicked) != starters_.end();
+  running_.push_back({.actor = actor, .clicked = clicked, .holds = actor != nullptr && !starts});
 }
 
 void Hands::act(Actor& actor, const Control& control,
                 const std::function<forms::Operator::Refusal()>& action) {
+  awaitOthers();
   const forms::Form* const modal = forms_.modal();
   const bool isShut =
       !control.isVisible() || !control.isEnabled() || (modal != nullptr && modal != &control.form());

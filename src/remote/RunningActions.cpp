@@ -9,6 +9,7 @@ bool isSweeping(const Call& call) { return call.hands.isRunning(call.window().St
 
 // One that began within the waits of another would hold it up until its own end.
 void refuseWhileRunning(const Call& call) {
+  call.hands.awaitOthers();
   if (isHopping(call)) throw Refused{-213, "a hop is running"};
   if (isSweeping(call)) throw Refused{-213, "a sweep is running"};
 }

@@ -14,7 +14,8 @@ constexpr int kMostCommands = 32;
 Server::Server(Bench bench, ClientScreen& screen, std::unique_ptr<Listener> listener)
     : bench_(std::move(bench)),
       screen_(screen),
-      hands_(bench_.program.forms, bench_.program.door),
+      hands_(bench_.program.forms, bench_.program.door,
+             {&bench_.program.window.StartHop, &bench_.program.window.StartSweepCommand(0)}),
       listener_(std::move(listener)) {
   screen_.follow(&hands_);
 }

@@ -35,8 +35,8 @@ class Server final : public EventSource {
 
  private:
   struct Client {
-    Client(std::unique_ptr<Connection> with, Session::Perform perform)
-        : connection(std::move(with)), session(std::move(perform)) {}
+    Client(std::unique_ptr<Connection> with, const Hands& hands, Session::Perform perform)
+        : connection(std::move(with)), session(hands, std::move(perform)) {}
     std::unique_ptr<Connection> connection;  // null: gone
     bool saysNoMore = false;
     Session session;

@@ -56,21 +56,29 @@ void Session::beginLine() {
 // -------------------------------------------------------------------------------------------- Commands
 
 bool Session::canRun() const {
-  if (isBusy_ || (isWaiting_ && overlapped_ > 0) || output.size() > kMostOutput) return false;
+  if (isBusy_ || isHeld() || output.size() > kMostOutput) return false;
   return !commands_.empty() || !lines_.empty();
 }
+
+// Begun anew while there is still a reason, it would only be held again.
+bool Session::isHeld() const { return held_ && (*held_ == Held::byOwn ? overlapped_ > 0 : hands_.areHeld()); }
 
 void Session::runNext() {
   if (commands_.empty()) beginLine();
   if (commands_.empty()) return;
-  isWaiting_ = false;
+  held_.reset();
   last_ = std::exchange(commands_.front(), {});
   commands_.pop_front();
   bool released = false;
   released_ = &released;
   isBusy_ = true;
+  const std::string path = path_;
   try {
     perform_(*this, commandOf(last_, path_));
+  } catch (const Held& held) {
+    commands_.push_front(last_);
+    path_ = path;
+    held_ = held;
   } catch (const Refused& why) {
     status.add(why.number, why.detail);
   } catch (const std::exception& fault) {
@@ -97,13 +105,6 @@ void Session::overlap(const std::function<void()>& action) {
     status.add(why.number, why.detail);
   }
   if (--overlapped_ == 0 && std::exchange(tellsCompletion_, false)) status.raise(Status::kComplete);
-}
-
-bool Session::isComplete() {
-  if (overlapped_ == 0) return true;
-  commands_.push_front(last_);
-  isWaiting_ = true;
-  return false;
 }
 
 void Session::tellCompletion() {

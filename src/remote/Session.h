@@ -5,8 +5,10 @@
 #include <cstddef>
 #include <deque>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "remote/Hands.h"
 #include "remote/Status.h"
@@ -18,10 +20,10 @@ class Session : public Actor {
  public:
   static constexpr std::size_t kLongestLine = 65536;
 
-  // Carries a command out: replies, or throws Refused.
+  // Carries a command out: replies, or throws Refused, or Held for one that is to be begun anew.
   using Perform = std::function<void(Session&, const Command&)>;
 
-  explicit Session(Perform perform) : perform_(std::move(perform)) {}
+  Session(const Hands& hands, Perform perform) : hands_(hands), perform_(std::move(perform)) {}
   Session(const Session&) = delete;
   Session& operator=(const Session&) = delete;
 
@@ -47,8 +49,10 @@ class Session : public Actor {
   Status status;
   // Carries out what does not hold up the commands behind it.
   void overlap(const std::function<void()>& action);
-  // False while such an action is under way; the command is then carried out anew after its end.
-  [[nodiscard]] bool isComplete();
+  // Throws Held while such an action is under way.
+  void awaitCompletion() const {
+    if (overlapped_ > 0) throw Held::byOwn;
+  }
   // Sets the event when all such actions are over.
   void tellCompletion();
 
@@ -73,7 +77,9 @@ class Session : public Actor {
   void beginLine();
   void endReplies();
   void release();
+  [[nodiscard]] bool isHeld() const;
 
+  const Hands& hands_;
   Perform perform_;
   std::string line_;  // the one that is coming in; of one too long, its end
   bool lineIsTooLong_ = false;
@@ -88,7 +94,7 @@ class Session : public Actor {
   bool hasReplied_ = false;
   bool isBusy_ = false;       // with a command that holds up the next
   bool* released_ = nullptr;  // of that command
-  bool isWaiting_ = false;    // for the end of the overlapped
+  std::optional<Held> held_;  // the command that comes next
   int overlapped_ = 0;
   bool tellsCompletion_ = false;
 };
