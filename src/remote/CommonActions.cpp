@@ -18,7 +18,7 @@ int byteOf(const Argument& argument) {
 
 void identify(const Call& call) { call.reply("Tessarine," + call.bench.name + ",0," + applicationVersion()); }
 
-void clearStatus(const Call& call) { call.session.status.clear(); }
+void clearStatus(const Call& call) { call.session.clear(); }
 
 void enableEvents(const Call& call) { call.session.status.eventsEnabled = byteOf(call.arguments.front()); }
 

@@ -65,11 +65,11 @@ void Server::acceptAll() {
   while (clients_.size() < kMostClients) {
     auto connection = listener_->accept();
     if (!connection) return;
-    auto client =
-        std::make_shared<Client>(std::move(connection), [this](Session& session, const Command& command) {
-          last_ = session.lastCommand();
-          perform(bench_, hands_, session, command);
-        });
+    auto client = std::make_shared<Client>(std::move(connection), hands_,
+                                           [this](Session& session, const Command& command) {
+                                             last_ = session.lastCommand();
+                                             perform(bench_, hands_, session, command);
+                                           });
     client->session.onRelease = [this] {
       if (woken) woken();
     };

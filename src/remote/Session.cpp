@@ -84,15 +84,18 @@ void Session::runNext() {
   } catch (const std::exception& fault) {
     status.add(-200, fault.what());
   }
-  if (!released) release();
+  if (!released) endCommand();
+}
+
+void Session::endCommand() {
+  isBusy_ = false;
+  if (commands_.empty()) endReplies();
 }
 
 void Session::release() {
   if (!isBusy_) return;
-  isBusy_ = false;
   *released_ = true;
-  released_ = nullptr;
-  if (commands_.empty()) endReplies();
+  endCommand();
   if (onRelease && canRun()) onRelease();
 }
 

@@ -55,6 +55,11 @@ class Session : public Actor {
   }
   // Sets the event when all such actions are over.
   void tellCompletion();
+  // Clears errors and events, and tells of no completion that is still to come.
+  void clear() {
+    status.clear();
+    tellsCompletion_ = false;
+  }
 
   void takeMessage(const std::string& text) override { status.add(-200, text); }
   void windowOpened() override { release(); }
@@ -76,6 +81,7 @@ class Session : public Actor {
   void endLine();
   void beginLine();
   void endReplies();
+  void endCommand();
   void release();
   [[nodiscard]] bool isHeld() const;
 
