@@ -2,7 +2,6 @@
 // operator's door.
 #pragma once
 
-#include <concepts>
 #include <functional>
 #include <string>
 #include <vector>
@@ -59,11 +58,7 @@ struct Call {
   // Picks a mode, unless the window is in it.
   void enter(Mode mode) const;
   void reply(const std::string& text) const { session.reply(text); }
-  // Of nothing else: a text in quotes would rather be a flag than a string.
-  template <std::same_as<bool> Flag>
-  void reply(Flag flag) const {
-    session.reply(flag ? "1" : "0");
-  }
+  void replyFlag(bool flag) const { session.reply(flag ? "1" : "0"); }
 };
 
 // A row of the table.

@@ -30,7 +30,7 @@ void complete(const Call& call) { call.session.tellCompletion(); }
 
 void tellComplete(const Call& call) {
   call.session.awaitCompletion();
-  call.reply(true);
+  call.replyFlag(true);
 }
 
 void awaitCompletion(const Call& call) { call.session.awaitCompletion(); }
@@ -53,7 +53,7 @@ void tellStatusByte(const Call& call) {
   call.reply(std::to_string(call.session.status.statusByte(call.session.hasReplied())));
 }
 
-void tellSelfTest(const Call& call) { call.reply(false); }
+void tellSelfTest(const Call& call) { call.replyFlag(false); }
 
 void tellError(const Call& call) { call.reply(call.session.status.takeError()); }
 

@@ -17,7 +17,7 @@ void clickControl(const Call& call) { call.click(named(call)); }
 
 void tellValue(const Call& call) { call.reply(quotedText(named(call).value())); }
 
-void tellVisible(const Call& call) { call.reply(named(call).isVisible()); }
+void tellVisible(const Call& call) { call.replyFlag(named(call).isVisible()); }
 
 void listControls(const Call& call) {
   std::string rows;

@@ -27,7 +27,7 @@ void stopHop(const Call& call) {
   call.click(call.window().StopHop);
 }
 
-void tellHop(const Call& call) { call.reply(isHopping(call)); }
+void tellHop(const Call& call) { call.replyFlag(isHopping(call)); }
 
 void startSweep(const Call& call) {
   refuseWhileRunning(call);
@@ -45,7 +45,7 @@ void stopSweep(const Call& call) {
   call.click(call.window().StopSweepCommand(1));
 }
 
-void tellSweep(const Call& call) { call.reply(isSweeping(call)); }
+void tellSweep(const Call& call) { call.replyFlag(isSweeping(call)); }
 
 void setSweepMode(const Call& call) {
   call.enter(Mode::sweep);
@@ -54,9 +54,7 @@ void setSweepMode(const Call& call) {
   call.click(isAuto ? static_cast<forms::Control&>(window.AutoOption1) : window.StepOption);
 }
 
-void tellSweepMode(const Call& call) {
-  call.session.reply(call.window().AutoOption1.Value ? "AUTO" : "STEP");
-}
+void tellSweepMode(const Call& call) { call.reply(call.window().AutoOption1.Value ? "AUTO" : "STEP"); }
 
 void stepUp(const Call& call) {
   call.enter(Mode::sweep);

@@ -107,8 +107,8 @@ void tellOutput(const Call& call) {
 
 void tellLock(const Call& call) {
   const bool readsPin = call.bench.readsLockPin && call.bench.readsLockPin();
-  call.reply(readsPin ? call.bench.program.module.platform.usb.UsbReadPin("A3") == 1
-                      : call.bench.board.tuning().locked());
+  call.replyFlag(readsPin ? call.bench.program.module.platform.usb.UsbReadPin("A3") == 1
+                          : call.bench.board.tuning().locked());
 }
 
 void listRegisters(const Call& call) {
