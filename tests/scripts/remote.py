@@ -1,0 +1,135 @@
+"""remote.py EXAMPLE PROGRAM [ARGUMENT...]: works a program over its remote control as a bench script does, through
+PyVISA, and measures what a query costs beside a bare echo."""
+import importlib.util
+import os
+import signal
+import socket
+import statistics
+import subprocess
+import sys
+import threading
+import time
+
+try:
+    import pyvisa  # noqa: F401
+    import pyvisa_py  # noqa: F401
+except ImportError:
+    print("No PyVISA with pyvisa-py: skipped")
+    sys.exit(77)
+
+spec = importlib.util.spec_from_file_location("tune", sys.argv[1])
+tune = importlib.util.module_from_spec(spec)
+spec.loader.exec_module(tune)
+
+
+def start(*arguments):
+    program = subprocess.Popen(sys.argv[2:] + list(arguments), stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True)
+    first = program.stdout.readline()
+    assert first.startswith("serving\t"), first + program.stderr.read()
+    return program, first.split("\t")[1].strip()
+
+
+def round_trips(port, text, count=400):
+    """Microseconds, the middle one of many."""
+    with socket.create_connection(("127.0.0.1", port)) as line:
+        line.setsockopt(socket.IPPROTO_TCP, socket.TCP_NODELAY, 1)
+        times = []
+        for _ in range(count):
+            begin = time.perf_counter()
+            line.sendall(text)
+            line.recv(4096)
+            times.append((time.perf_counter() - begin) * 1e6)
+    return statistics.median(times)
+
+
+def echo():
+    """The port of a server that sends back what it gets, in a process of its own."""
+    listener = socket.create_server(("127.0.0.1", 0))
+    port = listener.getsockname()[1]
+    if os.fork() == 0:
+        line, _ = listener.accept()
+        line.setsockopt(socket.IPPROTO_TCP, socket.TCP_NODELAY, 1)
+        while data := line.recv(4096):
+            line.sendall(data)
+        os._exit(0)
+    listener.close()
+    return port
+
+
+def holdings(program):
+    with open(f"/proc/{program.pid}/statm") as file:
+        return len(os.listdir(f"/proc/{program.pid}/fd")), int(file.read().split()[1])
+
+
+def sweep_watched_by_another(port):
+    bench, other = tune.open_bench(port), tune.open_bench(port)
+    bench.write("SWE:MODE AUTO;STEP 200KHZ;DEL 50MS;FREQ:STAR 900MHZ;STOP 902MHZ")
+    bench.write("SWE:INIT")
+    seen = set()
+    while other.query("*OPC?;:SWE:STAT?") == "1;1":
+        seen.add(other.query("FREQ:ACT?"))
+        time.sleep(0.01)
+    assert bench.query("*OPC?;:FREQ:ACT?") == "1;902000000"
+    assert len(seen) >= 5, seen
+    bench.write("FREQ 900MHZ;:HOP:COUN 40000;:LOUD;:REF?X")
+    errors = [bench.query("SYST:ERR?").split(",")[0] for _ in range(4)]
+    assert errors == ["-222", "-113", "-113", "0"], errors
+    assert other.query("SYST:ERR?") == '0,"No error"'
+
+
+def crowd_that_comes_and_goes(port, program):
+    before = None
+    for turn in range(300):
+        line = socket.create_connection(("127.0.0.1", port))
+        line.sendall([b"*IDN?\n*IDN", b"GET / HTTP/1.1\r\n\r\n", b"\0\xff" * 40_000, b"*IDN?\n"][turn % 4])
+        if turn % 2:
+            line.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, b"\1\0\0\0\0\0\0\0")  # vanishes
+        else:
+            line.shutdown(socket.SHUT_WR)
+            while line.recv(4096):
+                pass
+        line.close()
+        if turn == 100:
+            round_trips(port, b"*OPC?\n", 10)
+            before = holdings(program)
+    round_trips(port, b"*OPC?\n", 10)
+    after = holdings(program)
+    assert after[0] <= before[0] and after[1] < before[1] + 100, (before, after)
+
+
+def what_a_query_costs(port):
+    bare, idle = round_trips(echo(), b"LOCK?\n"), round_trips(port, b"LOCK?\n")
+    bench = tune.open_bench(port)
+    bench.write("HOP:COUN 30000;DEL 1MS;INIT")
+    hopping = round_trips(port, b"LOCK?\n")
+    assert bench.query("HOP:STAT?;ABOR;:*OPC?") == "1;1"
+    print(f"round trip: echo {bare:.0f} us, idle {idle:.0f} us, while a hop runs {hopping:.0f} us")
+    assert idle <= 5 * bare and hopping <= 1000
+
+
+def main():
+    program, address = start("--serve", "0")
+    watchdog = threading.Timer(100, program.kill)
+    watchdog.start()
+    port = int(address.rsplit(":", 1)[1])
+    try:
+        tune.main(port)
+        sweep_watched_by_another(port)
+        crowd_that_comes_and_goes(port, program)
+        what_a_query_costs(port)
+        taken = subprocess.run(sys.argv[2:] + ["--serve", str(port)], capture_output=True, text=True)
+        assert taken.returncode == 2 and taken.stderr.count("\n") == 1 and "Address already in use" in taken.stderr, taken
+        tune.open_bench(port).write("CONT:CLIC 'Exit1'")
+        assert program.wait(10) == 0, program.returncode
+        assert program.stderr.read() == ""
+
+        program, address = start("--serve", "0.0.0.0:0")
+        assert "no password" in program.stderr.readline() and address.startswith("0.0.0.0:")
+        program.send_signal(signal.SIGTERM)
+        program.wait(10)
+    finally:
+        watchdog.cancel()
+        program.kill()
+
+
+main()
