@@ -17,6 +17,9 @@ except ImportError:
     print("No PyVISA with pyvisa-py: skipped")
     sys.exit(77)
 
+# Sanitizers take time and memory of their own.
+MEASURED = "TESSARINE_UNMEASURED" not in os.environ
+
 spec = importlib.util.spec_from_file_location("tune", sys.argv[1])
 tune = importlib.util.module_from_spec(spec)
 spec.loader.exec_module(tune)
@@ -94,17 +97,21 @@ def crowd_that_comes_and_goes(port, program):
             before = holdings(program)
     round_trips(port, b"*OPC?\n", 10)
     after = holdings(program)
-    assert after[0] <= before[0] and after[1] < before[1] + 100, (before, after)
+    assert after[0] <= before[0] and (after[1] < before[1] + 100 or not MEASURED), (before, after)
 
 
-def what_a_query_costs(port):
+def what_a_query_costs(port, program):
+    # On one processor, as the scheduler's choice of two makes more of a difference than all else.
+    one = {min(os.sched_getaffinity(0))}
+    os.sched_setaffinity(0, one)
+    os.sched_setaffinity(program.pid, one)
     bare, idle = round_trips(echo(), b"LOCK?\n"), round_trips(port, b"LOCK?\n")
     bench = tune.open_bench(port)
     bench.write("HOP:COUN 30000;DEL 1MS;INIT")
     hopping = round_trips(port, b"LOCK?\n")
     assert bench.query("HOP:STAT?;ABOR;:*OPC?") == "1;1"
     print(f"round trip: echo {bare:.0f} us, idle {idle:.0f} us, while a hop runs {hopping:.0f} us")
-    assert idle <= 5 * bare and hopping <= 1000
+    assert not MEASURED or (idle <= 5 * bare and hopping <= 1000)
 
 
 def main():
@@ -116,7 +123,7 @@ def main():
         tune.main(port)
         sweep_watched_by_another(port)
         crowd_that_comes_and_goes(port, program)
-        what_a_query_costs(port)
+        what_a_query_costs(port, program)
         taken = subprocess.run(sys.argv[2:] + ["--serve", str(port)], capture_output=True, text=True)
         assert taken.returncode == 2 and taken.stderr.count("\n") == 1 and "Address already in use" in taken.stderr, taken
         tune.open_bench(port).write("CONT:CLIC 'Exit1'")
