@@ -67,7 +67,7 @@ def holdings(program):
 def sweep_watched_by_another(port):
     bench, other = tune.open_bench(port), tune.open_bench(port)
     bench.write("SWE:MODE AUTO;STEP 200KHZ;DEL 50MS;FREQ:STAR 900MHZ;STOP 902MHZ")
-    bench.write("SWE:INIT")
+    assert bench.query("SWE:INIT;STAT?") == "1"
     seen = set()
     while other.query("*OPC?;:SWE:STAT?") == "1;1":
         seen.add(other.query("FREQ:ACT?"))
