@@ -43,6 +43,10 @@ void Server::serve() {
   if (screen_.hasEnded()) return;
   exchange();
   forgetTheGone();
+  // The first command may wait for long: the others' turn comes within its wait.
+  const auto ready =
+      std::ranges::count_if(clients_, [](const auto& client) { return client->session.canRun(); });
+  if (ready > 1 && woken) woken();
   // A copy: while a command of one of them waits, others come and go.
   const auto round = clients_;
   for (const auto& client : round) {

@@ -103,6 +103,26 @@ TEST(Protocol, RunsHopsAndSweepsBesideTheRest) {
   }
 }
 
+TEST(Protocol, AsksToBeServedInTheWaitsOfACommand) {
+  RemoteBench bench;
+  bench.setUp();
+  bench.screen.source = nullptr;  // as where a toolkit's loop has to be asked
+  bool isAsked = false;
+  bench.server.woken = [&] { isAsked = true; };
+  bench.screen.at(50, [&] {
+    EXPECT_TRUE(std::exchange(isAsked, false));
+    bench.server.serve();
+  });
+  const auto other = bench.connect();
+  other->toProgram = "MOD?\n";
+  bench.client->toProgram = "HOP:INIT\n";  // the first of the two
+  bench.screen.at(60, [&] { EXPECT_EQ(std::exchange(other->toClient, {}), "\"ADF4113\"\n"); });
+  bench.server.serve();
+  bench.screen.at(50, [&] { EXPECT_TRUE(isAsked); });
+  bench.client->toProgram = "HOP:INIT;STAT?\n";
+  bench.server.serve();
+}
+
 TEST(Protocol, HasCommandsWaitForThoseOfOthersThatAreUnderWay) {
   RemoteBench bench;
   bench.setUp();
