@@ -1,5 +1,6 @@
 #include "script/Snapshot.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <filesystem>
 #include <string_view>
@@ -50,12 +51,12 @@ class Copyist {
     constexpr int kRounds = 4;
     for (int round = 0; round < kRounds && !arrived(); ++round) {
       goToPresent();
-      const auto places = differing();
-      takeWhatIsInSight(places);
-      for (const std::size_t place : places) {
-        if (differs(place)) (void)reveal(place, places, round == 0 ? Clicks::panels : Clicks::models);
+      takeWhatIsInSight(nullptr);
+      for (const std::size_t place : differing()) {
+        if (differs(place)) (void)reveal(place, round == 0 ? Clicks::panels : Clicks::models);
       }
     }
+    goToPresent();
     takeWindows();
     return recorder_.text();
   }
@@ -91,6 +92,9 @@ class Copyist {
     for (std::size_t i = 0; i < present_.window.controls().size(); ++i) {
       if (differs(i)) places.push_back(i);
     }
+    // The sweep's two options hide fields of one another.
+    std::ranges::stable_partition(
+        places, [this](std::size_t place) { return wanted(place).kind() != Kind::OptionButton; });
     return places;
   }
 
@@ -118,14 +122,18 @@ class Copyist {
     }
   }
 
-  void takeWhatIsInSight(const std::vector<std::size_t>& places) {
-    for (const std::size_t i : places) {
-      if (differs(i) && own(i).isVisible() && own(i).isEnabled()) take(own(i), wantedValue(wanted(i)));
+  // `within`: null for everywhere.
+  void takeWhatIsInSight(const forms::Container* within) {
+    for (const std::size_t i : differing()) {
+      const bool isMeant = within == nullptr || own(i).container() == within;
+      if (isMeant && differs(i) && own(i).isVisible() && own(i).isEnabled()) {
+        take(own(i), wantedValue(wanted(i)));
+      }
     }
   }
 
-  // Brings a control in sight and takes those of `places` that are then to be seen.
-  bool reveal(std::size_t place, const std::vector<std::size_t>& places, Clicks clicks) {
+  // Brings a control in sight and takes all of its container: picking its model may have set others there.
+  bool reveal(std::size_t place, Clicks clicks) {
     // The delay of a sweep is in sight in one of its two options alone.
     const bool isOfSweep = own(place).container() == &program_.window.Frame2(2);
     const auto isInSight = [place, isOfSweep](const Program& there) {
@@ -134,7 +142,7 @@ class Copyist {
     };
     if (!go(isInSight, Clicks::modes) && !go(isInSight, clicks)) return false;
     if (!own(place).isVisible()) click("AutoOption1");
-    takeWhatIsInSight(places);
+    takeWhatIsInSight(own(place).container());
     return true;
   }
 
@@ -216,14 +224,13 @@ class Copyist {
     Copyist ahead(present_);
     ahead.takeWayOut();
     ahead.goToPresent();
-    ahead.takeWhatIsInSight(ahead.differing());
+    ahead.takeWhatIsInSight(nullptr);
     std::vector<std::size_t> others;
-    const auto hidden = ahead.differing();
-    for (const std::size_t place : hidden) {
-      if (ahead.differs(place) && !ahead.reveal(place, hidden, Clicks::panels)) others.push_back(place);
+    for (const std::size_t place : ahead.differing()) {
+      if (ahead.differs(place) && !ahead.reveal(place, Clicks::panels)) others.push_back(place);
     }
     for (const std::size_t place : others) {
-      if (differs(place)) (void)reveal(place, others, Clicks::models);
+      if (differs(place)) (void)reveal(place, Clicks::models);
     }
   }
 
