@@ -18,7 +18,7 @@ _tessarine() {
       if [[ $cur == -* ]]; then
         # Those that the program on this machine has.
         mapfile -t COMPREPLY < <(compgen -W "$("$1" --help 2>/dev/null | grep -o '^  --[a-z]*')" -- "$cur")
-      elif [[ $1 == *-script ]]; then
+      else
         _filedir script
       fi
       ;;

@@ -115,7 +115,7 @@ class Misuse {
 std::string inQuotes(std::string_view text) { return '"' + std::string(text) + '"'; }
 
 std::string usage(const ProgramKind& program) {
-  return std::string("usage: ") + program.name + (program.hasWindow ? " [OPTION]..." : " [OPTION]... [FILE]");
+  return std::string("usage: ") + program.name + " [OPTION]... [FILE]";
 }
 
 std::string help(const ProgramKind& program) {
@@ -188,9 +188,9 @@ void takeWires(Options& options) {
   }
 }
 
-void takeScript(std::span<char*> words, const ProgramKind& program, Options& options) {
+void takeScript(std::span<char*> words, Options& options) {
   if (words.empty()) return;
-  if (program.hasWindow || words.size() > 1) throw Misuse(inQuotes(words.back()) + " is one word too many");
+  if (words.size() > 1) throw Misuse(inQuotes(words.back()) + " is one word too many");
   options.script = words.front();
   if (options.script.empty()) throw Misuse("an empty word names no FILE");
 }
@@ -221,7 +221,7 @@ Options parsed(const ProgramKind& program, std::vector<char*>& words) {
     takeWires(options);
     takeScript(
         std::span(words).subspan(static_cast<std::size_t>(optind), static_cast<std::size_t>(count - optind)),
-        program, options);
+        options);
   }
   return options;
 }

@@ -16,7 +16,7 @@ enum class BoardKind { hardware, virtualBoard, gpio };
 struct ProgramKind {
   const char* name;
   BoardKind board;   // to begin with
-  bool hasWindow;    // and so takes no script, but the toolkit's own options
+  bool hasWindow;    // and so takes the toolkit's own options
   const char* does;  // what it is for, a sentence
 };
 

@@ -44,6 +44,7 @@ class Recording {
   Recording& operator=(const Recording&) = delete;
 
   [[nodiscard]] script::Recorder& recorder() { return recorder_; }
+  [[nodiscard]] script::WaitedTime& time() { return time_; }
   // Writes the file from now on.
   void open() { file_.listen(recorder_); }
   [[nodiscard]] bool finish() { return file_.finish(); }

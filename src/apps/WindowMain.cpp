@@ -1,7 +1,10 @@
 #include "apps/WindowMain.h"
 
 #include <QApplication>
+#include <QString>
+#include <QTimer>
 #include <exception>
+#include <fstream>
 #include <optional>
 #include <string>
 #include <vector>
@@ -10,15 +13,26 @@
 #include "apps/ReachReader.h"
 #include "apps/Recording.h"
 #include "apps/RemoteControl.h"
+#include "apps/ScriptPlayer.h"
 #include "apps/SteadyTime.h"
 #include "apps/TraceFile.h"
 #include "desktop/Desktop.h"
 #include "desktop/SocketWatch.h"
 #include "desktop/board/BoardWindow.h"
+#include "desktop/board/ScriptFeed.h"
+#include "script/Snapshot.h"
 #include "window/Program.h"
 
 namespace tessarine {
 namespace {
+
+desktop::ScriptFeed scriptFeed(Recording& recording, ScriptPlayer& player, const Program& program) {
+  return {.version = [&] { return recording.recorder().version(); },
+          .recording = [&] { return recording.recorder().text(); },
+          .snapshot = [&] { return script::snapshot(program); },
+          .run = [&](const std::string& text, const std::string& name,
+                     desktop::ScriptRun& run) { return player.play(text, name, run); }};
+}
 
 int run(const ProgramKind& kind, const Options& options, std::vector<char*>& toolkitWords) {
   desktop::Desktop* screen = nullptr;
@@ -26,6 +40,9 @@ int run(const ProgramKind& kind, const Options& options, std::vector<char*>& too
     (void)failed(kind, why);
     screen->tell(why);
   };
+  if (!options.script.empty() && !std::ifstream(options.script)) {
+    return failed(kind, options.script + " cannot be read");
+  }
   TraceFile trace(options.trace, tell);
   if (!trace.open()) return failed(kind, options.trace + " cannot be written");
 
@@ -54,19 +71,25 @@ int run(const ProgramKind& kind, const Options& options, std::vector<char*>& too
   Recording recording(options.record, *link, program,
                       {.microseconds = steadyMicroseconds, .isVirtual = false}, tell);
   ReachReader reach;
+  ScriptPlayer player(desktop, program, *link, recording.time());
   desktop::BoardWindow boardWindow({.board = link->board(),
                                     .virtualBoard = link->virtualBoard(),
                                     .askedMHz = [&] { return link->askedMHz(); },
                                     .onFirstShow = [&] { link->listen(); },
                                     .remote = [&] { return remote.describe(); },
                                     .reach = [&] { return reach.reach(program); },
-                                    .fieldsVersion = [&] { return link->fieldsVersion(); }});
+                                    .fieldsVersion = [&] { return link->fieldsVersion(); },
+                                    .script = scriptFeed(recording, player, program)});
   const desktop::BoardKey boardKey(boardWindow);
   desktop.run(program.forms, program.door, [&] {
     if (link->virtualBoard() != nullptr) boardWindow.openBelow();
     program.start();
     recording.open();
     if (link->virtualBoard() != nullptr) boardWindow.openBeside(desktop.windowOf(program.window));
+    if (options.script.empty()) return;
+    // When the windows are there to be looked at.
+    QTimer::singleShot(0, &boardWindow,
+                       [&] { boardWindow.runScript(QString::fromStdString(options.script)); });
   });
   const bool isRecorded = recording.finish();
   return trace.finish() && isRecorded ? 0 : kBadUsage;

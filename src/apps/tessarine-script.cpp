@@ -15,12 +15,12 @@
 #include <vector>
 
 #include "apps/BoardLink.h"
+#include "apps/BoardOnBench.h"
 #include "apps/Options.h"
 #include "apps/ReachReader.h"
 #include "apps/Recording.h"
 #include "apps/RemoteControl.h"
 #include "apps/TraceFile.h"
-#include "board/NumberText.h"
 #include "board/Reach.h"
 #include "script/Interpreter.h"
 #include "script/Snapshot.h"
@@ -45,40 +45,6 @@ struct Script {
   std::istream* text;
   std::string name;     // in messages
   bool asksForLatches;  // so that a sweep of days that never asks does not pile them up
-};
-
-// The virtual board as scripts see it.
-class BoardOnBench : public script::BoardProbe {
- public:
-  explicit BoardOnBench(board::VirtualBoard& bench) : bench_(bench) {}
-
-  std::vector<std::string> takeLatches() override { return bench_.board().takeLatches(); }
-  std::string describe() override { return bench_.describe(); }
-
-  // "history", milliseconds since the start of the script, output frequency and lock: a line for each
-  // change.
-  std::string history() override {
-    const auto& points = bench_.board().history();
-    std::string text;
-    for (std::size_t i = 0; i < points.size(); ++i) {
-      text += "history\t" + script::millisecondText(bench_.board().firstWrite() + points[i].time) + '\t' +
-              board::fixedText(points[i].outputMHz, 6) + " MHz\t" + (points[i].locked ? "1\n" : "0\n");
-    }
-    return text;
-  }
-
-  std::optional<std::string> fault(std::string_view name) override {
-    if (const auto fault = board::boardFaultNamed(name)) {
-      bench_.setFault(*fault);
-      return {};
-    }
-    std::string known;
-    for (const auto& each : board::boardFaults()) known += ' ' + std::string(each.name);
-    return "there is no fault \"" + std::string(name) + "\" among" + known;
-  }
-
- private:
-  board::VirtualBoard& bench_;
 };
 
 // Tells what is in the way of a write, and what helps, once for each reason: the message of a failed write

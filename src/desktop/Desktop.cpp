@@ -126,6 +126,7 @@ void Desktop::tell(const std::string& text) {
 
 void Desktop::messageBox(const std::string& text, Icon icon, const std::string& title) {
   throwIfEnded();
+  if (answer && answer(text, icon, title)) return;
   // It holds up all windows of the program, and no other: a fault of the virtual board can still be mended.
   QWidget* owner = dynamic_cast<FormWindow*>(QApplication::activeWindow());
   if (!owner && forms_) owner = windowOf(*forms_->all().front());
@@ -149,6 +150,7 @@ void Desktop::showModal(forms::Form& form) {
   window.setWindowModality(Qt::ApplicationModal);
   const forms::Modality modality(form);
   form.Show();
+  if (operateModal) operateModal(form);
   QEventLoop loop;
   while (form.Visible && !ended_) loop.processEvents(QEventLoop::WaitForMoreEvents);
   throwIfEnded();
@@ -168,10 +170,15 @@ void Desktop::processEvents() {
   throwIfEnded();
   QCoreApplication::processEvents();
   throwIfEnded();
+  if (runOtherEvents) runOtherEvents();
+  throwIfEnded();
 }
+
+void Desktop::breathe() { QCoreApplication::processEvents(); }
 
 void Desktop::sleepUntilEvent(double seconds) {
   throwIfEnded();
+  if (untilOtherEvents) seconds = std::min(seconds, untilOtherEvents());
   if (!(seconds > 0)) return;
   // The deadline is the event that ends the sleep when nothing else does. The toolkit cannot wait without
   // handing events on, so what wakes us has been handled when this returns; the caller lets events run next

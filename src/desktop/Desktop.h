@@ -40,6 +40,16 @@ class Desktop : public Screen, public forms::Observer, public Hands {
   // What stands under the text of a message, in smaller letters that can be copied; empty for nothing.
   std::function<std::string(const std::string& text)> remark;
 
+  // For what works the program beside the operator. Each may be empty: runs when the program lets events run;
+  // gives the seconds until it next has anything to do; works a form that was opened modally, as far as it
+  // goes; answers a message in the operator's place, or gives false.
+  std::function<void()> runOtherEvents;
+  std::function<double()> untilOtherEvents;
+  std::function<void(forms::Form&)> operateModal;
+  std::function<bool(const std::string& text, Icon icon, const std::string& title)> answer;
+  // Lets the windows paint and listen, and nothing else.
+  void breathe();
+
   // A note that holds nothing up, for what goes wrong beside the operator's work.
   void tell(const std::string& text);
 

@@ -74,14 +74,14 @@ std::string checkMark(const Control& control) {
 
 Interpreter::Interpreter(const Bench& bench, std::istream& script, std::string fileName)
     : bench_(bench), lines_(script), fileName_(std::move(fileName)) {
-  bench_.screen.operateModal = [this](Form& form) { operateModal(form); };
+  bench_.stage.operateModal = [this](Form& form) { operateModal(form); };
 }
 
-Interpreter::~Interpreter() { bench_.screen.operateModal = nullptr; }
+Interpreter::~Interpreter() { bench_.stage.operateModal = nullptr; }
 
 Interpreter::Status Interpreter::run() {
   try {
-    while (!bench_.screen.ended()) {
+    while (!bench_.stage.ended()) {
       const auto line = lines_.next();
       if (!line) {
         for (const int number : waiting_) report(number, "not carried out: the script ended before its time");
@@ -96,9 +96,11 @@ Interpreter::Status Interpreter::run() {
 }
 
 void Interpreter::performLine(const Line& line) {
+  bench_.stage.comesTo(line.number);
+  if (bench_.stage.ended()) return;
   Action action;
   perform([&] { action = prepare(line.text, line.number); }, line.number);
-  perform(action, line.number);
+  if (action) perform(action, line.number);
 }
 
 void Interpreter::perform(const Action& action, int number) {
@@ -110,12 +112,12 @@ void Interpreter::perform(const Action& action, int number) {
 }
 
 void Interpreter::operateModal(Form& form) {
-  while (form.Visible && !bench_.screen.ended()) {
+  while (form.Visible && !bench_.stage.ended()) {
     const auto line = lines_.next();
     if (!line) break;
     performLine(*line);
   }
-  if (!form.Visible || bench_.screen.ended()) return;
+  if (!form.Visible || bench_.stage.ended() || !bench_.stage.endsWithScript()) return;
   // The script is over: the form is left as an operator leaves it who wants nothing. None does: a recording
   // of the script ends in front of this, and so comes to it again.
   bench_.door.run([&form] {
@@ -131,7 +133,7 @@ void Interpreter::operateModal(Form& form) {
 void Interpreter::refuse(int number, const std::string& why) {
   report(number, why);
   status_ = kRefused;
-  bench_.screen.endProgram();
+  bench_.stage.fail();
 }
 
 void Interpreter::report(int number, const std::string& what) {
@@ -300,13 +302,13 @@ struct Interpreter::Commands {
 
   static Action time(Interpreter& script, std::string_view rest, int /*number*/) {
     nothingMore(rest);
-    return [&script] { script.print(row({"time", millisecondText(script.bench_.screen.now())})); };
+    return [&script] { script.print(row({"time", millisecondText(script.bench_.stage.now())})); };
   }
 
   static Action wait(Interpreter& script, std::string_view rest, int /*number*/) {
     const std::int64_t span = takeSpan(rest);
     nothingMore(rest);
-    return [&script, span] { script.bench_.screen.runEventsUntil(script.bench_.screen.now() + span); };
+    return [&script, span] { script.bench_.stage.runEventsUntil(script.bench_.stage.now() + span); };
   }
 
   static Action at(Interpreter& script, std::string_view rest, int number) {
@@ -319,7 +321,7 @@ struct Interpreter::Commands {
     }
     return [&script, number, span, action = script.prepare(rest, number)] {
       script.waiting_.insert(number);
-      script.bench_.screen.at(script.bench_.screen.now() + span, [&script, number, action] {
+      script.bench_.stage.at(script.bench_.stage.now() + span, [&script, number, action] {
         script.waiting_.erase(number);
         script.perform(action, number);
       });

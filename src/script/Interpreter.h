@@ -13,8 +13,8 @@
 #include "forms/Form.h"
 #include "forms/Operator.h"
 #include "script/BoardProbe.h"
-#include "script/ScriptScreen.h"
 #include "script/ScriptText.h"
+#include "script/Stage.h"
 
 namespace tessarine::script {
 
@@ -26,7 +26,7 @@ class Interpreter {
   struct Bench {
     forms::FormList& forms;
     forms::Operator& door;
-    ScriptScreen& screen;
+    Stage& stage;
     BoardProbe* board;
     std::ostream& out;
     std::ostream& errors;
@@ -54,7 +54,7 @@ class Interpreter {
   void performLine(const Line& line);
   void operateModal(forms::Form& form);
   // Ends the run: the line cannot be carried out.
-  [[noreturn]] void refuse(int number, const std::string& why);
+  void refuse(int number, const std::string& why);
   void report(int number, const std::string& what);
   void print(const std::string& line);
 

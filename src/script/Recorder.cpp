@@ -147,6 +147,7 @@ void Recorder::passTime(Sequence& sequence) {
 
 void Recorder::insert(std::size_t place, const std::string& line) {
   text_.insert(place, line);
+  ++version_;
   if (onChange) onChange(place);
 }
 

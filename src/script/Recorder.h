@@ -29,6 +29,7 @@ class Recorder final : public forms::DoorWatch, public forms::Observer {
 
   // The script so far, whole lines.
   [[nodiscard]] const std::string& text() const { return text_; }
+  [[nodiscard]] std::uint64_t version() const { return version_; }  // another one for each change
   // How much of it will not change any more: actions in the waits of a line are written in front of it, and
   // typing goes on in the last line.
   [[nodiscard]] std::size_t settled() const;
@@ -62,6 +63,7 @@ class Recorder final : public forms::DoorWatch, public forms::Observer {
   forms::Operator& door_;
   WaitedTime& time_;
   std::string text_;
+  std::uint64_t version_ = 0;
   std::vector<Sequence> sequences_;
   std::vector<Running> running_;
   // The field that the last line typed into, if the next text may take that line's place.

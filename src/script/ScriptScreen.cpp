@@ -11,9 +11,7 @@
 
 namespace tessarine::script {
 void ScriptScreen::messageBox(const std::string& text, Icon icon, const std::string& title) {
-  out_ << "message\t" << (icon == Icon::critical ? "critical" : "plain") << '\t' << escaped(title) << '\t'
-       << escaped(text) << '\n'
-       << std::flush;
+  out_ << messageLine(text, icon, title) << std::flush;
   if (afterMessage) afterMessage();
 }
 

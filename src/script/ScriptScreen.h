@@ -10,10 +10,11 @@
 #include "platform/Platform.h"
 #include "platform/Timetable.h"
 #include "script/ScriptTime.h"
+#include "script/Stage.h"
 
 namespace tessarine::script {
 
-class ScriptScreen final : public Screen {
+class ScriptScreen final : public Screen, public Stage {
  public:
   ScriptScreen(ScriptTime& time, std::ostream& out) : time_(time), out_(out) {}
 
@@ -25,22 +26,19 @@ class ScriptScreen final : public Screen {
   void sleepUntilEvent(double seconds) override;
   [[noreturn]] void endProgram() override;
 
-  [[nodiscard]] bool ended() const { return ended_; }
-  [[nodiscard]] std::int64_t now() const { return time_.now(); }
+  [[nodiscard]] bool ended() const override { return ended_; }
+  [[nodiscard]] std::int64_t now() const override { return time_.now(); }
+  void fail() override { endProgram(); }
 
-  // Runs `action` when events next run at or after `time`; those of one time in the order of their coming.
-  void at(std::int64_t time, std::function<void()> action);
+  void at(std::int64_t time, std::function<void()> action) override;
   // None of what was put down is carried out any more.
   void forgetActions() { actions_.clear(); }
-  // Lets events run up to `time`, stopping at the time of each action.
-  void runEventsUntil(std::int64_t time);
+  void runEventsUntil(std::int64_t time) override;
 
   // Called behind each message, where set.
   std::function<void()> afterMessage;
   // Runs with the actions whenever events run, where set.
   std::function<void()> runOtherEvents;
-  // Works a form that the program has opened modally until it is hidden.
-  std::function<void(forms::Form&)> operateModal;
 
  private:
   void throwIfEnded() const;

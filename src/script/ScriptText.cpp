@@ -38,6 +38,11 @@ std::string escaped(std::string_view value) {
   return text;
 }
 
+std::string messageLine(const std::string& text, Icon icon, const std::string& title) {
+  return std::string("message\t") + (icon == Icon::critical ? "critical" : "plain") + '\t' + escaped(title) +
+         '\t' + escaped(text) + '\n';
+}
+
 std::string controlRow(const forms::Control& control) {
   const std::string rest[] = {control.name(),
                               std::string(forms::kindName(control.kind())),

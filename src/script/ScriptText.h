@@ -9,11 +9,15 @@
 #include <vector>
 
 #include "forms/Control.h"
+#include "platform/Platform.h"
 
 namespace tessarine::script {
 
 // On one line: "\", tab, CR and LF become "\\", "\t", "\r" and "\n".
 [[nodiscard]] std::string escaped(std::string_view value);
+
+// A message box, with its line end: "message", icon, title and text, parted by tabs.
+[[nodiscard]] std::string messageLine(const std::string& text, Icon icon, const std::string& title);
 
 // Form, name, kind, container, visible, enabled, value and tool tip of a control, parted by tabs.
 [[nodiscard]] std::string controlRow(const forms::Control& control);

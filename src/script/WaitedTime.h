@@ -21,7 +21,8 @@ class WaitedTime : public WaitWatch {
   [[nodiscard]] std::int64_t now();
   void waitBegins(int milliseconds) override;
   void waitEnds() override;
-  // A wait that lasts until it is ended.
+  // A wait of so many microseconds, and one that lasts until it is ended.
+  void beginSpan(std::int64_t span) { begin(now() + span); }
   void beginOpen() { begin(kOpen); }
 
  private:

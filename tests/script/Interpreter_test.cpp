@@ -11,6 +11,8 @@
 
 #include "engine/Module1.h"
 #include "forms/Build.h"
+#include "script/ScriptScreen.h"
+#include "script/ScriptTime.h"
 #include "support/FakePlatform.h"
 #include "transport/PortAccess.h"
 

@@ -41,8 +41,8 @@ usages=('--board' '--board paper' '--trace' '--trace=' '--frobnicate' '-x' '--he
 for each in "$program" "$@"; do
   check "help of $each" 0 'usage: *' '' "$each" --help
   check "version of $each" 0 "${each##*/} +([0-9]).+([0-9]).+([0-9])" '' "$each" --version
-  # One of them alone takes a script; the toolkit's options are the others'.
-  if [[ $each == "$program" ]]; then others=('a.script b.script' '-style x'); else others=('a.script' '-style'); fi
+  # The toolkit's options are those of the windows.
+  if [[ $each == "$program" ]]; then others=('-style x'); else others=('-style'); fi
   for arguments in "${usages[@]}" "${others[@]}"; do
     # shellcheck disable=SC2086 # words on purpose
     check "usage: $each $arguments" 2 '' $'usage: !(*\n*)' env -u DISPLAY -u WAYLAND_DISPLAY "$each" $arguments

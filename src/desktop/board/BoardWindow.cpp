@@ -54,10 +54,11 @@ QFont enlarged(const QFont& base, double factor, bool bold) {
 
 BoardWindow::BoardWindow(BoardFeed feed)
     : feed_(std::move(feed)),
-      saving_{askWithDialog, [this](const QString& text) { status_.setText(text); }},
+      saving_{askWithDialog, [this](const QString& text) { status_.setText(text); }, askToOpenWithDialog},
       chip_(feed_.reach),
       wire_(feed_.board, saving_),
-      frequency_(feed_.board, saving_) {
+      frequency_(feed_.board, saving_),
+      script_(feed_.script, saving_) {
   setObjectName(QStringLiteral("boardWindow"));
   setWindowTitle(QStringLiteral("Virtual board"));
   // Looked at when the native window is made: later it would be too late.
@@ -70,6 +71,7 @@ BoardWindow::BoardWindow(BoardFeed feed)
   views_.addTab(&registers_, QStringLiteral("&Registers"));
   views_.addTab(&wire_, QStringLiteral("&Wire"));
   views_.addTab(&frequency_, QStringLiteral("Fre&quency"));
+  views_.addTab(&script_, QStringLiteral("Scri&pt"));
   column->addWidget(&views_, 1);
   // Keys that are pressed by mistake must not make the board faulty.
   views_.tabBar()->setFocusPolicy(Qt::StrongFocus);
@@ -146,7 +148,8 @@ void BoardWindow::fillFaults() {
 
 bool BoardWindow::isUpToDate() const {
   return shownVersion_ == feed_.board.version() && shownAsked_ == feed_.askedMHz() &&
-         shownRemote_ == feed_.remote() && shownFields_ == feed_.fieldsVersion();
+         shownRemote_ == feed_.remote() && shownFields_ == feed_.fieldsVersion() &&
+         (views_.currentWidget() != &script_ || script_.isUpToDate());
 }
 
 void BoardWindow::watch() {
@@ -166,7 +169,7 @@ void BoardWindow::refresh() {
   setTextIfNew(remote_, QString::fromStdString(shownRemote_));
   takeHeader();
   // The tab widget knows its pages as plain widgets.
-  const std::array<BoardView*, 4> views = {&chip_, &registers_, &wire_, &frequency_};
+  const std::array<BoardView*, 5> views = {&chip_, &registers_, &wire_, &frequency_, &script_};
   for (BoardView* const view : views) {
     if (view == views_.currentWidget()) view->take(feed_.board, shownAsked_);
   }
@@ -217,6 +220,12 @@ void BoardWindow::toggle() {
     show();
   }
   raise();
+}
+
+void BoardWindow::runScript(const QString& path) {
+  views_.setCurrentWidget(&script_);
+  if (!isVisible() && beside_.isNull()) toggle();
+  script_.run(path);
 }
 
 bool BoardWindow::isCovered() const {

@@ -21,6 +21,8 @@
 #include "desktop/board/LockSign.h"
 #include "desktop/board/RegisterView.h"
 #include "desktop/board/Saving.h"
+#include "desktop/board/ScriptFeed.h"
+#include "desktop/board/ScriptView.h"
 #include "desktop/board/WireView.h"
 
 namespace tessarine::desktop {
@@ -40,6 +42,7 @@ struct BoardFeed {
   std::function<board::Reach()> reach = {};
   // Another number whenever a field is another one.
   std::function<std::uint64_t()> fieldsVersion = [] { return std::uint64_t{0}; };
+  ScriptFeed script = {};
 };
 
 class BoardWindow : public QWidget {
@@ -59,6 +62,9 @@ class BoardWindow : public QWidget {
   void toggle();
   // The operator reaches for a window of the program, which comes to the front.
   void reachedFor(const QWidget& window) { inFront_ = &window == this; }
+
+  // Shows the page of scripts and carries the script of this file out.
+  void runScript(const QString& path);
 
   // False while the board has moved on since the views were last filled.
   [[nodiscard]] bool isUpToDate() const;
@@ -87,6 +93,7 @@ class BoardWindow : public QWidget {
   RegisterView registers_;
   WireView wire_;
   FrequencyView frequency_;
+  ScriptView script_;
 
   QLabel name_;
   QLabel output_;

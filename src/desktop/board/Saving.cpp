@@ -20,14 +20,27 @@ void Saving::save(QWidget& parent, const FileKind& kind, const QByteArray& bytes
              : QStringLiteral("Could not save %1: %2").arg(shown, file.errorString()));
 }
 
-QString askWithDialog(QWidget& parent, const FileKind& kind) {
+namespace {
+
+QString askFor(QWidget& parent, const FileKind& kind, QFileDialog::AcceptMode mode) {
   // The dialog would keep its size and its last folders in the operator's home; the program keeps nothing.
   QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("/dev/null"));
   QFileDialog dialog(&parent, kind.title, QDir::currentPath(), kind.filter);
-  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setAcceptMode(mode);
+  if (mode == QFileDialog::AcceptOpen) dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.setDefaultSuffix(kind.suffix);
   dialog.selectFile(kind.suggested);
   return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
+}
+
+}  // namespace
+
+QString askWithDialog(QWidget& parent, const FileKind& kind) {
+  return askFor(parent, kind, QFileDialog::AcceptSave);
+}
+
+QString askToOpenWithDialog(QWidget& parent, const FileKind& kind) {
+  return askFor(parent, kind, QFileDialog::AcceptOpen);
 }
 
 }  // namespace tessarine::desktop

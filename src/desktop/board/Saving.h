@@ -1,4 +1,4 @@
-// Saving what the board's window shows.
+// Saving and reading what the board's window shows.
 #pragma once
 
 #include <QByteArray>
@@ -21,10 +21,13 @@ struct Saving {
   std::function<QString(QWidget& parent, const FileKind& kind)> ask;
   // Tells the operator how it went.
   std::function<void(const QString& text)> tell;
+  // The file to read; empty: none.
+  std::function<QString(QWidget& parent, const FileKind& kind)> askToOpen;
 
   void save(QWidget& parent, const FileKind& kind, const QByteArray& bytes) const;
 };
 
 [[nodiscard]] QString askWithDialog(QWidget& parent, const FileKind& kind);
+[[nodiscard]] QString askToOpenWithDialog(QWidget& parent, const FileKind& kind);
 
 }  // namespace tessarine::desktop
