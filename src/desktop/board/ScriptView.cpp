@@ -61,7 +61,11 @@ ScriptView::ScriptView(ScriptFeed feed, const Saving& saving) : feed_(std::move(
   status_.setWordWrap(true);
   column->addWidget(&text_, 3);
   column->addWidget(&printed_, 1);
-  column->addWidget(&status_);
+  auto* const running = new QHBoxLayout;
+  running->addWidget(&status_, 1);
+  running->addWidget(&run_);
+  running->addWidget(&stop_);
+  column->addLayout(running);
   showPage(kRecording);
 }
 
@@ -82,7 +86,8 @@ void ScriptView::fillBar(QBoxLayout& column) {
   bar->addWidget(&shown_);
   bar->addWidget(&takeSnapshot_);
   bar->addStretch(1);
-  for (QPushButton* const button : {&save_, &copy_, &run_, &stop_}) bar->addWidget(button);
+  bar->addWidget(&save_);
+  bar->addWidget(&copy_);
   column.addLayout(bar);
 
   connect(&shown_, &QComboBox::activated, this, [this](int page) {
@@ -116,7 +121,6 @@ void ScriptView::showPage(Page page) {
   text_.setPlainText(page == kRecording ? recording_ : page == kSnapshot ? snapshot_ : script_);
   if (page == kRecording) text_.verticalScrollBar()->setValue(text_.verticalScrollBar()->maximum());
   printed_.setVisible(page == kScript);
-  status_.setVisible(page == kScript);
 }
 
 void ScriptView::takeSnapshot() {
