@@ -1,6 +1,5 @@
 #include "desktop/board/ScriptView.h"
 
-#include <QBoxLayout>
 #include <QClipboard>
 #include <QFile>
 #include <QFileInfo>

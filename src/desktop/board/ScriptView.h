@@ -1,6 +1,7 @@
 // The session as a script: the recording as it grows, a snapshot of the settings, and scripts that run.
 #pragma once
 
+#include <QBoxLayout>
 #include <QComboBox>
 #include <QLabel>
 #include <QPlainTextEdit>
