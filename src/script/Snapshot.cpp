@@ -93,8 +93,8 @@ class Copyist {
       if (differs(i)) places.push_back(i);
     }
     // The sweep's two options hide fields of one another.
-    std::ranges::stable_partition(
-        places, [this](std::size_t place) { return wanted(place).kind() != Kind::OptionButton; });
+    std::stable_partition(places.begin(), places.end(),
+                          [this](std::size_t place) { return wanted(place).kind() != Kind::OptionButton; });
     return places;
   }
 

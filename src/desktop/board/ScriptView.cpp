@@ -100,6 +100,7 @@ void ScriptView::fillBar(QBoxLayout& column) {
   connect(&run_, &QPushButton::clicked, this, [this] { askAndRun(); });
   connect(&stop_, &QPushButton::clicked, this, [this] {
     stopped_ = true;
+    text_.setFocus();
     stop_.setEnabled(false);
     status_.setText(QStringLiteral("%1 stops: line %2 is still at work").arg(scriptName_).arg(line_));
   });
@@ -163,11 +164,14 @@ void ScriptView::run(const QString& path) {
   stopped_ = false;
   running_ = true;
   showPage(kScript);
-  run_.setEnabled(false);
+  // The keyboard goes from one button to the other, never on to what makes the board faulty.
   stop_.setEnabled(true);
+  if (window()->focusWidget() == &run_) stop_.setFocus();
+  run_.setEnabled(false);
   const ScriptEnd end = feed_.run(bytes.toStdString(), scriptName_.toStdString(), *this);
   running_ = false;
   run_.setEnabled(true);
+  if (window()->focusWidget() == &stop_) run_.setFocus();
   stop_.setEnabled(false);
   showEnd(end);
 }
