@@ -173,30 +173,26 @@ Attempt attempt4193(const ChipModel& /*chip*/, const ReachFields& fields) {
 // ----------------------------------------------------------------------------------------------- Why not
 
 void explain(const ReachFields& fields, const Attempt& attempt, double detector, Reach& reach) {
-  if (fields.file) {
-    if (!isMultiple(attempt.calculatedMHz, detector, 1e-6 * detector) ||
-        std::abs(attempt.calculatedMHz - detector) > 1e-6 * detector)
-      reach.why.push_back("the setup file says a detector frequency of " +
-                          frequencyText(attempt.calculatedMHz) + ", the chip's is " +
-                          frequencyText(detector));
-  } else if (attempt.modulus < 1) {
-    reach.why.push_back("the step of " + shortText(fields.stepKHz) +
-                        " kHz is above the detector frequency of " + frequencyText(detector) + ": MOD = 0");
-    return;
-  } else if (!isMultiple(detector, fields.stepKHz / kKilohertz, 1e-12)) {
-    reach.why.push_back("the step of " + shortText(fields.stepKHz) +
-                        " kHz does not divide the detector frequency of " + frequencyText(detector) +
-                        ": MOD = " + shortText(attempt.modulus) + " makes steps of " +
-                        frequencyText(detector / attempt.modulus));
-  }
-  const double grid = detector / std::max(1.0, attempt.modulus);
-  const bool onGrid = isMultiple(fields.vcoMHz, grid, kExactHertz / kHertz);
-  if (!onGrid) {
-    reach.why.push_back(notMultiple(fields.vcoMHz, grid * kKilohertz));
-  } else if (std::abs(attempt.calculatedMHz - detector) > 1e-6 * detector) {
-    reach.why.push_back("the program divides by a detector frequency of " +
+  const std::string step = "the step of " + shortText(fields.stepKHz) + " kHz";
+  const bool sameDetector = std::abs(attempt.calculatedMHz - detector) <= 1e-6 * detector;
+  if (!sameDetector) {
+    reach.why.push_back("the dividers are worked out for a detector frequency of " +
                         frequencyText(attempt.calculatedMHz) + ", the chip's is " + frequencyText(detector));
-  } else {
+  }
+  if (attempt.modulus < 1) {
+    reach.why.push_back((fields.file ? "the setup file's MOD is 0"
+                                     : step + " is above the detector frequency of " +
+                                           frequencyText(detector) + ": MOD = 0"));
+    return;
+  }
+  const double grid = detector / attempt.modulus;
+  if (!fields.file && !isMultiple(detector, fields.stepKHz / kKilohertz, 1e-12)) {
+    reach.why.push_back(step + " does not divide the detector frequency of " + frequencyText(detector) +
+                        ": MOD = " + shortText(attempt.modulus) + " makes steps of " + frequencyText(grid));
+  }
+  if (!isMultiple(fields.vcoMHz, grid, kExactHertz / kHertz)) {
+    reach.why.push_back(notMultiple(fields.vcoMHz, grid * kKilohertz));
+  } else if (sameDetector) {
     reach.why.push_back("the program keeps the detector frequency as " + messageText(attempt.calculatedMHz) +
                         " MHz, and misses the step by it");
   }
@@ -245,11 +241,12 @@ void suggest(const Rules& rules, const ChipModel& chip, const ReachFields& field
   // The coarsest step of the exact ones, else of those that are near enough, else of the nearest.
   double nearest = INFINITY;
   double choice = 0;
+  // Nobody advises a FRAC equal to MOD to a chip that is not known to take it.
+  const Rating& rated = chip.ratings.leastAboveFraction;
+  const double leastAbove = rated.known() ? rated.value : 1;
   for (double modulus = 2; modulus <= kMostPart; ++modulus) {
     const Parts parts = partsOf(rules, fields, calculated, modulus);
-    if (chip.ratings.leastAboveFraction.known() &&
-        modulus - parts.fraction < chip.ratings.leastAboveFraction.value)
-      continue;
+    if (modulus - parts.fraction < leastAbove) continue;
     const double offset =
         std::abs(detector * (parts.whole + parts.fraction / modulus) - fields.vcoMHz) * kHertz;
     const double rank = offset <= kExactHertz ? 0 : offset <= kMetHertz * 0.9 ? kExactHertz : offset;
@@ -282,20 +279,17 @@ void noteSpurs(const ReachFields& fields, const Attempt& attempt, Reach& reach) 
                                            shortText(fields.stepKHz) + " kHz"));
 }
 
-void noteIntegerN(const Rules& rules, const ChipModel& chip, const ReachFields& fields, double r,
-                  const Attempt& attempt, Reach& reach) {
+// With another R, which is the operator's to choose.
+void noteIntegerN(const ChipModel& chip, ReachFields fields, const Attempt& attempt, Reach& reach) {
   if (fields.file || (reach.met && attempt.tuning.divider("FRAC") == 0.0)) return;
-  const Ratings& ratings = chip.ratings;
-  const double mostWhole = std::ldexp(1.0, rules.wholeBits) - 1;
-  for (double other = 1; other <= 15; ++other) {
-    const double detector = fields.referenceMHz * factorOf(fields, other);
-    const double n = std::round(fields.vcoMHz / detector);
-    if (n < 1 || n > mostWhole || (ratings.leastInteger.known() && n < ratings.leastInteger.value)) continue;
-    if (ratings.highestDetectorMHz.known() && detector > ratings.highestDetectorMHz.value) continue;
-    if (std::abs(n * detector - fields.vcoMHz) * kHertz > kExactHertz) continue;
-    reach.notes.push_back(
-        "integer-N meets it as well: " + (other == r ? std::string() : "R = " + shortText(other) + ", ") +
-        "N = " + shortText(n) + ", detector " + frequencyText(detector));
+  for (fields.r = 1; fields.r <= 15; ++fields.r) {
+    const double detector = fields.referenceMHz * factorOf(fields, fields.r);
+    if (!isMultiple(fields.vcoMHz, detector, kExactHertz / kHertz)) continue;
+    fields.stepKHz = detector * kKilohertz / 2;
+    const Attempt tried = chip.map->reach->attempt(chip, fields);
+    if (!fits(chip, tried) || tried.tuning.divider("FRAC") != 0.0) continue;
+    reach.notes.push_back("integer-N meets it as well: R = " + shortText(fields.r) + ", N = " +
+                          shortText(*tried.tuning.divider("INT")) + ", detector " + frequencyText(detector));
     return;
   }
 }
@@ -313,7 +307,7 @@ void advise(const ChipModel& chip, const ReachFields& fields, const Attempt& att
   if (above <= most) reach.aboveMHz = std::max(above, modulus) * grid;
   if (!fields.file) suggest(rules, chip, fields, attempt, *detector, reach);
   noteSpurs(fields, attempt, reach);
-  noteIntegerN(rules, chip, fields, *attempt.tuning.divider("R"), attempt, reach);
+  noteIntegerN(chip, fields, attempt, reach);
 }
 
 }  // namespace

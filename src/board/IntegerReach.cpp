@@ -103,6 +103,8 @@ void explain(const ReachFields& fields, std::uint32_t prescaler, Reach& reach) {
                         frequencyText(fields.referenceMHz / std::floor(r)));
   if (!isMultiple(fields.vcoMHz, fields.stepKHz / kKilohertz, kExactHertz / kHertz))
     reach.why.push_back(notMultiple(fields.vcoMHz, fields.stepKHz));
+  if (const auto n = reach.tuning.divider("N"); n && reach.why.empty())
+    reach.why.push_back("the program loses a hair of A and cuts it down: N = " + shortText(*n));
 }
 
 // Counts N = P x B + A with B of 3 at least and A no larger than B; between the blocks of small B there are
@@ -158,8 +160,10 @@ std::optional<StepAdvice> adviceFor(const ChipModel& chip, const ReachFields& fi
 constexpr double kHair = 1 + 1e-12;  // what a typed step may be too small
 constexpr int kMostUntypable = 20;   // steps that meet but cannot be typed, before the search gives up
 
-void suggest(const ChipModel& chip, const ReachFields& fields, const Blocks& blocks, bool roundsSwallow,
-             Reach& reach) {
+// `blocks` are those of the prescaler that the program splits N by; `chipsPrescaler` makes of B what it
+// likes.
+void suggest(const ChipModel& chip, const ReachFields& fields, const Blocks& blocks, double chipsPrescaler,
+             bool roundsSwallow, Reach& reach) {
   const double asked = fields.vcoMHz;
   const double reference = fields.referenceMHz;
   int untypable = 0;
@@ -167,13 +171,17 @@ void suggest(const ChipModel& chip, const ReachFields& fields, const Blocks& blo
   Choice closest;
   for (double r = 1; r <= kMostR; ++r) {
     const double ratio = asked * r / reference;
-    const double n = roundsSwallow ? std::round(ratio) : std::floor(ratio * kHair);
-    if (n > blocks.lastOf(blocks.mostMain)) break;
+    const double split = roundsSwallow ? std::round(ratio) : std::floor(ratio * kHair);
+    if (split > blocks.lastOf(blocks.mostMain)) break;
+    const double n = split + (chipsPrescaler - blocks.prescaler) * std::floor(split / blocks.prescaler);
     const double output = reference / r * n;
     const double offset = std::abs(output - asked);
-    if (offset >= closest.offsetMHz || !blocks.has(n) || (most.known() && output > most.value)) continue;
+    const bool meets = isMet(output, asked);
+    // The noise of the doubles makes none nearer.
+    if (!meets && offset + kExactHertz / kHertz >= closest.offsetMHz) continue;
+    if (!blocks.has(split) || (most.known() && output > most.value)) continue;
     const Choice choice{r, n, offset};
-    if (!isMet(output, asked)) {
+    if (!meets) {
       closest = choice;
       continue;
     }
@@ -199,8 +207,7 @@ void advise(const ChipModel& chip, const ReachFields& fields, const Attempt& att
     if (const auto n = blocks.upTo(below)) reach.belowMHz = *n * *detector;
     if (const auto n = blocks.from(above)) reach.aboveMHz = *n * *detector;
   }
-  if (prescaler == static_cast<std::uint32_t>(fields.prescaler))
-    suggest(chip, fields, blocksOf(counters, prescaler), counters.roundsSwallow, reach);
+  suggest(chip, fields, blocksOf(counters, fields.prescaler), prescaler, counters.roundsSwallow, reach);
   for (const std::string& fault : attempt.tuning.faults) {
     if (fault.starts_with("A = ") || fault.starts_with("B = ")) reach.limits.push_back(fault);
   }

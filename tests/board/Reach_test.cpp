@@ -1,0 +1,158 @@
+// What is told of settings that go wrong, each worked out by hand.
+#include "board/Reach.h"
+
+#include <gtest/gtest.h>
+
+#include <cstddef>
+#include <string>
+
+#include "board/ChipMap.h"
+
+namespace tessarine::board {
+namespace {
+
+ReachFields typed(double vcoMHz, double referenceMHz, double stepKHz, int prescaler, double r = 1) {
+  ReachFields fields;
+  fields.vcoMHz = vcoMHz, fields.referenceMHz = referenceMHz, fields.stepKHz = stepKHz;
+  fields.prescaler = prescaler, fields.r = r;
+  return fields;
+}
+
+ReachFields withFile(ReachFields fields, float detectorMHz, int modulus) {
+  fields.file = ReachFields::File{.detectorMHz = detectorMHz, .modulus = modulus, .prescaler = 8};
+  return fields;
+}
+
+ReachFields lowestTerms(ReachFields fields) {
+  fields.lowestTerms = true;
+  return fields;
+}
+
+const struct {
+  const char* what;
+  const char* chip;
+  ReachFields fields;
+  const char* text;  // without "reach" in front
+} kCases[] = {
+    {"below the gapless limit", "ADF4113", typed(9.4, 10, 200, 8),
+     "asked\t9.400000 MHz\n"
+     "output\t9.400000 MHz\t0.0 Hz\t0.000 ppm\n"
+     "met\t1\n"
+     "step\t100 kHz\tR=100\tN=94\tdetector 100 kHz\n"
+     "limit\tA = 7 is above B = 5\n"
+     "note\tnoise floor 6.0 dB below that with a detector of 100 kHz (20 log N)\n"},
+    {"on the gap itself", "ADF4113", typed(9.5, 10, 200, 8),
+     "asked\t9.500000 MHz\n"
+     "output\t9.600000 MHz\t100000.0 Hz\t10526.316 ppm\n"
+     "met\t0\n"
+     "why\t9.5 MHz is no multiple of the step of 200 kHz\n"
+     "below\t9.000000 MHz\n"
+     "above\t9.600000 MHz\n"
+     "step\t166.66666 kHz\tR=60\tN=57\tdetector 166.666666667 kHz\n"
+     "limit\tA = 8 is above B = 5\n"
+     "note\tnoise floor 1.6 dB below that with a detector of 166.666666667 kHz (20 log N)\n"},
+    {"a prescaler that the chip lacks", "LMX2326", typed(900, 10, 200, 64),
+     "asked\t900.000000 MHz\n"
+     "output\t452.000000 MHz\t-448000000.0 Hz\t-497777.778 ppm\n"
+     "met\t0\n"
+     "why\tthe chip's prescaler is 32/33, the dividers are worked out for 64\n"
+     "below\t900.000000 MHz\n"
+     "above\t900.000000 MHz\n"
+     "closest\t"},
+    {"a step above the reference", "ADF4113", typed(900, 10, 20'000, 8),
+     "asked\t900.000000 MHz\n"
+     "output\tnone\n"
+     "met\t0\n"
+     "why\tthe step of 20000 kHz is above the reference of 10 MHz: R = 0\n"
+     "step\t10000 kHz\tR=1\tN=90\tdetector 10 MHz\n"},
+    {"A is cut down, and so the step is a hair small", "LMX2325", typed(512.3, 10, 100, 32),
+     "asked\t512.300000 MHz\n"
+     "output\t512.200000 MHz\t-100000.0 Hz\t-195.198 ppm\n"
+     "met\t0\n"
+     "why\tthe program loses a hair of A and cuts it down: N = 5122\n"
+     "below\t512.300000 MHz\n"
+     "above\t512.300000 MHz\n"
+     "step\t99.999995 kHz\tR=100\tN=5123\tdetector 100 kHz\n"},
+    {"MOD is cut down", "ADF4153", typed(900.1, 26, 200, 4, 3),
+     "asked\t900.100000 MHz\n"
+     "output\t900.124031 MHz\t24031.0 Hz\t26.698 ppm\n"
+     "met\t0\n"
+     "why\tthe step of 200 kHz does not divide the detector frequency of 8.66666666667 MHz: MOD = 43 makes "
+     "steps of 201.550387597 kHz\n"
+     "why\t900.1 MHz is no multiple of the step of 201.550387597 kHz\n"
+     "below\t899.922481 MHz\n"
+     "above\t900.124031 MHz\n"
+     "step\t33.3333 kHz\tR=3\tN=103+223/260\tdetector 8.66666666667 MHz\n"
+     "note\tspur at 1.20930232558 MHz, the way to the nearest integer boundary: off the step grid of 200 "
+     "kHz\n"},
+    {"in lowest terms the grid stays", "ADF4153", lowestTerms(typed(1000.05, 10, 20, 8)),
+     "asked\t1000.050000 MHz\n"
+     "output\t1000.040000 MHz\t-10000.0 Hz\t-10.000 ppm\n"
+     "met\t0\n"
+     "why\t1000.05 MHz is no multiple of the step of 20 kHz\n"
+     "below\t1000.040000 MHz\n"
+     "above\t1000.060000 MHz\n"
+     "step\t50 kHz\tR=1\tN=100+1/200\tdetector 10 MHz\n"
+     "note\tspur at 40 kHz, the way to the nearest integer boundary: on the step grid of 20 kHz\n"},
+    {"FRAC comes out equal to MOD, and may not", "ADF4156", typed(1013.999, 26, 1000, 4),
+     "asked\t1013.999000 MHz\n"
+     "output\t1014.000000 MHz\t1000.0 Hz\t0.986 ppm\n"
+     "met\t0\n"
+     "why\t1013.999 MHz is no multiple of the step of 1000 kHz\n"
+     "below\t1013.000000 MHz\n"
+     "above\t1014.000000 MHz\n"
+     "limit\tFRAC = 26 is not below MOD = 26\n"
+     "note\tFRAC = 0: no boundary spur\n"},
+    {"ratings", "ADF4251", typed(1900.2, 40, 200, 4),
+     "asked\t1900.200000 MHz\n"
+     "output\t1900.200000 MHz\t0.0 Hz\t0.000 ppm\n"
+     "met\t1\n"
+     "limit\tdetector 40 MHz is above 30 MHz, the most for this chip\n"
+     "limit\tbehind the prescaler 4 the output is above 375 MHz\n"
+     "note\tspur at 19.8 MHz, the way to the nearest integer boundary: on the step grid of 200 kHz\n"},
+    {"the detector frequency is kept as a Single", "ADF4193", typed(1747.2, 19.2, 100, 8),
+     "asked\t1747.200000 MHz\n"
+     "output\t1747.100000 MHz\t-100000.0 Hz\t-57.234 ppm\n"
+     "met\t0\n"
+     "why\tthe program keeps the detector frequency as 19.2000007629395 MHz, and misses the step by it\n"
+     "below\t1747.200000 MHz\n"
+     "above\t1747.200000 MHz\n"
+     "closest\t"},
+    {"a setup file for another detector frequency", "ADF4193", withFile(typed(900, 10, 0, 4), 20, 100),
+     "asked\t900.000000 MHz\n"
+     "output\t450.000000 MHz\t-450000000.0 Hz\t-500000.000 ppm\n"
+     "met\t0\n"
+     "why\tthe dividers are worked out for a detector frequency of 20 MHz, the chip's is 10 MHz\n"
+     "below\t900.000000 MHz\n"
+     "above\t900.000000 MHz\n"
+     "note\tFRAC = 0: no boundary spur\n"},
+    {"integer-N would do", "ADF4153", typed(1010, 20, 100, 8),
+     "asked\t1010.000000 MHz\n"
+     "output\t1010.000000 MHz\t0.0 Hz\t0.000 ppm\n"
+     "met\t1\n"
+     "step\t100 kHz\tR=1\tN=50+100/200\tdetector 20 MHz\n"
+     "note\tspur at 10 MHz, the way to the nearest integer boundary: on the step grid of 100 kHz\n"
+     "note\tinteger-N meets it as well: R = 2, N = 101, detector 10 MHz\n"},
+    {"a fraction of one half", "SKY72300-362", typed(1234.999999, 10, 0, 8),
+     "asked\t1234.999999 MHz\n"
+     "output\t1225.000000 MHz\t-9999999.0 Hz\t-8097.165 ppm\n"
+     "met\t0\n"
+     "why\ta fraction of one half is taken as minus one half\n"
+     "below\t1234.999962 MHz\n"
+     "above\t1235.000000 MHz\n"
+     "note\tspur at 5 MHz, the way to the nearest integer boundary\n"},
+};
+
+TEST(Reach, TellsWhatGoesWrongAndWhatWouldNot) {
+  for (const auto& c : kCases) {
+    SCOPED_TRACE(std::string(c.chip) + ": " + c.what);
+    std::string text = describeReach(reachOf(*findChipModel(c.chip), c.fields));
+    for (std::size_t at = 0; (at = text.find("reach\t", at)) != std::string::npos;) text.erase(at, 6);
+    const std::string wanted = c.text;
+    // A text that ends within a line leaves the rest open.
+    EXPECT_EQ(wanted.back() == '\t' ? text.substr(0, wanted.size()) : text, wanted) << text;
+  }
+}
+
+}  // namespace
+}  // namespace tessarine::board
