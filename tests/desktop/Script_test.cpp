@@ -1,0 +1,153 @@
+// The page "Script" of the board's window, and a whole session in the windows.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QFile>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QProcess>
+#include <QPushButton>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTextBlock>
+#include <functional>
+#include <string>
+
+#include "board/EvaluationBoard.h"
+#include "desktop/board/ScriptView.h"
+
+namespace tessarine::desktop {
+namespace {
+
+struct ScriptPage : ::testing::Test {
+  ScriptPage() {
+    saving.ask = saving.askToOpen = [this](QWidget&, const FileKind&) { return path; };
+    saving.tell = [](const QString&) {};
+    view.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&view));
+    record("# head\n");
+  }
+  void record(const std::string& text) {
+    recording += text;
+    ++version;
+    view.take(board, {});
+  }
+  void press(const char* button) {
+    QTest::mouseClick(view.findChild<QWidget*>(QString::fromLatin1(button)), Qt::LeftButton);
+  }
+  std::string shown(const char* edit = "scriptText") {
+    return view.findChild<QPlainTextEdit*>(QString::fromLatin1(edit))->toPlainText().toStdString();
+  }
+  std::string status() {
+    return view.findChild<QLabel*>(QStringLiteral("scriptStatus"))->text().toStdString();
+  }
+  int markedLine() {
+    const auto marks = view.findChild<QPlainTextEdit*>(QStringLiteral("scriptText"))->extraSelections();
+    return marks.isEmpty() ? 0 : marks.front().cursor.block().blockNumber() + 1;
+  }
+  void write(const QByteArray& text) {
+    QFile file(path);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write(text);
+  }
+
+  QTemporaryDir folder;
+  QString path = folder.filePath(QStringLiteral("x.script"));
+  Saving saving;
+  std::string recording;
+  std::uint64_t version = 0;
+  std::function<ScriptEnd(ScriptRun&)> script;
+  board::EvaluationBoard board{{[] { return 0; }, [] { return 10.0; }}};
+  ScriptView view{{.version = [this] { return version; },
+                   .recording = [this] { return recording; },
+                   .snapshot = [] { return std::string("# snap\n"); },
+                   .run =
+                       [this](const std::string& text, const std::string& name, ScriptRun& run) {
+                         EXPECT_EQ(text, "one\r\ntwo\nthree\n");
+                         EXPECT_EQ(name, "x.script");
+                         return script(run);
+                       }},
+                  saving};
+};
+
+TEST_F(ScriptPage, ShowsSavesAndCopiesTheRecordingAndTheSnapshot) {
+  record("click A\n");
+  EXPECT_EQ(shown(), "# head\nclick A\n");
+  recording = "# head\n";
+  record("at 5 click B\nclick A\n");  // it came in front
+  EXPECT_EQ(shown(), "# head\nat 5 click B\nclick A\n");
+  press("takeSnapshot");
+  record("click C\n");
+  EXPECT_EQ(shown(), "# snap\n");
+  press("copyScript");
+  EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("# snap\n"));
+  press("saveScript");
+  QFile file(path);
+  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+  EXPECT_EQ(file.readAll(), "# snap\n");
+}
+
+TEST_F(ScriptPage, RunsAScriptThatCanBeStoppedAndShowsItsLine) {
+  write("one\r\ntwo\nthree\n");
+  script = [this](ScriptRun& run) {
+    run.comesTo(2);
+    EXPECT_EQ(status(), "x.script, line 2 of 3");
+    EXPECT_EQ(markedLine(), 2);
+    run.prints("a\tb\n");
+    EXPECT_FALSE(view.findChild<QWidget*>(QStringLiteral("runScript"))->isEnabled());
+    view.run(path);  // one at a time
+    press("stopScript");
+    EXPECT_TRUE(run.isStopped());
+    return ScriptEnd::done;
+  };
+  press("runScript");
+  EXPECT_EQ(status(), "x.script was stopped at line 2");
+  EXPECT_EQ(shown("scriptPrinted"), "a\tb");
+  script = [](ScriptRun& run) {
+    EXPECT_FALSE(run.isStopped());
+    run.comesTo(3);
+    run.complains("x.script:3: Off is disabled\n");
+    return ScriptEnd::refused;
+  };
+  press("runScript");
+  EXPECT_EQ(status(), "x.script:3: Off is disabled");
+  EXPECT_EQ(markedLine(), 3);
+  EXPECT_EQ(shown("scriptPrinted"), "x.script:3: Off is disabled");
+}
+
+// What goes over the wires, without the times.
+QByteArray wires(const QString& path) {
+  QFile file(path);
+  EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+  QByteArray kept;
+  for (const QByteArray& line : file.readAll().split('\n')) {
+    if (!line.startsWith('#')) kept += line + '\n';
+  }
+  return kept;
+}
+
+TEST(ScriptInTheWindows, SendsTheSameAsItsRecording) {
+  const QTemporaryDir folder;
+  const auto in = [&](const char* name) { return folder.filePath(QString::fromLatin1(name)); };
+  QFile first(in("first.script"));
+  ASSERT_TRUE(first.open(QIODevice::WriteOnly));
+  first.write(
+      "click ContinueCommand\npick ADF4113\nset RefText 10\nset CompText 200\nset PrescalarText 8/9\n"
+      "click Hop1\nset VcoText1 900\nset VcoText2 905.2\nset HopText 30\nset DelayText 20\n"
+      "at 150 click File1\nat 310 click StopHop\nat 400 click Gen1\nclick StartHop\nwait 30\nclick Gen1\n"
+      "click ACommand\nclick Command1\nset BrowseForm.Text2 x\nclick BrowseForm.Command2\nclick Exit1\n");
+  first.close();
+  const auto run = [&](const char* script, const char* recording, const char* trace) {
+    return QProcess::execute(
+        QStringLiteral(TESSARINE_VIRTUAL),
+        {QStringLiteral("--record"), in(recording), QStringLiteral("--trace"), in(trace), in(script)});
+  };
+  EXPECT_EQ(run("first.script", "second.script", "first.vcd"), 0);
+  EXPECT_EQ(run("second.script", "third.script", "second.vcd"), 0);
+  EXPECT_EQ(wires(in("first.vcd")), wires(in("second.vcd")));
+  EXPECT_GT(wires(in("first.vcd")).count('\n'), 500);
+}
+
+}  // namespace
+}  // namespace tessarine::desktop
