@@ -28,10 +28,10 @@ bool PLL::CalcRegisters() {
     module_.platform.screen.messageBox("Pls. set Prescalar", Icon::plain);
     return false;
   }
-  const ChipType* const chip = ChipType::named(module_.CurrentModel);
+  const ChipType* const type = chip();
   // A model without words gets its dividers all the same.
-  if (!chip || chip->family->dual) splitTotal();
-  if (chip && chip->family->calculate) chip->family->calculate(*this);
+  if (!type || type->family->dual) splitTotal();
+  if (type && type->family->calculate) type->family->calculate(*this);
   return true;
 }
 

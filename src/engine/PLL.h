@@ -188,9 +188,10 @@ class PLL {
   class TurnedWords;
 
   // engine/
-  bool CalcRegisters();  // false: no prescaler, all words stand as they were
+  [[nodiscard]] const ChipType* chip();  // of the model chosen now; null for none
+  bool CalcRegisters();                  // false: no prescaler, all words stand as they were
   void splitTotal();
-  void setControlBits(const ChipType* chip);
+  void setControlBits(const ChipType* type);
   void sendSKYWords(TurnedWords& turned);
   void sendThreeWords();
   void loadADF4193(bool onlyChanged);
@@ -249,6 +250,7 @@ class PLL {
   String Prev_R2;
   String Prev_R3;
 
+  const ChipType* chip_ = nullptr;  // that was asked for last
   Module1& module_;
 };
 

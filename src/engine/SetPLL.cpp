@@ -39,38 +39,42 @@ class PLL::TurnedWords {
 };
 
 void PLL::SetPLL(bool CheckCurrentRegValue) {
-  const ChipType* const chip = ChipType::named(module_.CurrentModel);
-  if (chip && chip->family->load) {
-    chip->family->load(*this);
+  const ChipType* type = chip();
+  if (type && type->family->load) {
+    type->family->load(*this);
     return;
   }
-  const bool sentFirst = chip && chip->family->sentBeforeCalculated;
+  const bool sentFirst = type && type->family->sentBeforeCalculated;
   TurnedWords turned;
   if (sentFirst) {
     sendSKYWords(turned);
   } else {
-    setControlBits(chip);
+    setControlBits(type);
   }
-  // By the model chosen now: the message of a missing prescaler may have let the operator pick another one.
-  const auto familyNow = [this] {
-    const ChipType* const now = ChipType::named(module_.CurrentModel);
-    return now ? *now->family : ChipFamily{};
-  };
   try {
+    const bool calculated = CalcRegisters();
+    // By the model chosen now: the message of a missing prescaler may have let the operator pick another one.
+    type = chip();
     // A word that a refused calculation has left alone must go out right the next time.
-    if (CalcRegisters() && familyNow().sentBeforeCalculated) turned.replaced();
+    if (calculated && type && type->family->sentBeforeCalculated) turned.replaced();
   } catch (const Fault&) {
     // The last of the words that are out already has left load enable high.
     if (sentFirst) PortWrite(module_, module_.PortAddress, 0);
     throw;
   }
-  if (const auto send = familyNow().send) send(*this, CheckCurrentRegValue);
+  if (type && type->family->send) type->family->send(*this, CheckCurrentRegValue);
   PortWrite(module_, module_.PortAddress, 0);
   if (DelayAfterLock > 0) DelayMs(module_, toInteger(DelayAfterLock * 1000.0, "Delay after lock"));
 }
 
-void PLL::setControlBits(const ChipType* chip) {
-  if (chip && chip->gainFromPanel) {
+// A hop asks for the same one again and again.
+const ChipType* PLL::chip() {
+  if (!chip_ || chip_->name != module_.CurrentModel) chip_ = ChipType::named(module_.CurrentModel);
+  return chip_;
+}
+
+void PLL::setControlBits(const ChipType* type) {
+  if (type && type->gainFromPanel) {
     LDPrecision = "0";  // and GoBit stays what the panel made it
     return;
   }

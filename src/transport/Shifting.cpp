@@ -1,7 +1,6 @@
 // How words reach the chip: bit by bit over clock and data, then a pulse on load enable.
 #include <string>
 
-#include "engine/BitStrings.h"
 #include "engine/PLL.h"
 #include "platform/Platform.h"
 #include "transport/PortAccess.h"
@@ -25,11 +24,11 @@ void PLL::ShiftOut(const String& Word) {
     return;
   }
   // A copy: a port that is retried lets events run, and these may rebuild the member that Word refers to.
-  const String bits = ReverseStr(Word);
+  const String bits = Word;
   PortLines port(module_);
   port.write(0);
-  for (const char bit : bits) {
-    const int data = bit == '1' ? DATAbit : 0;
+  for (auto bit = bits.rbegin(); bit != bits.rend(); ++bit) {
+    const int data = *bit == '1' ? DATAbit : 0;
     port.write(data);
     const int lines = port.read(data);
     port.write(lines | CLOCKbit);
