@@ -21,7 +21,7 @@ class VirtualLink : public BoardLink {
  public:
   VirtualLink(Screen& screen, const TimeOfProgram& time)
       : clock_(bellOf(time)),
-        board_(socket_.bench(time.microseconds), [this] { return socket_.wiring(); }),
+        board_(socket_.surroundings(time.microseconds), [this] { return socket_.wiring(); }),
         platform_{board_, board_, board_, host_, time.clock != nullptr ? *time.clock : clock_, screen} {}
 
   Platform& platform() override { return platform_; }
@@ -44,7 +44,7 @@ class HostLink : public BoardLink {
   HostLink(Screen& screen, const TimeOfProgram& time, Make make)
       : host_(make(bellOf(time), [this] { return socket_.wiring(); })),
         leaving_(host_),
-        board_(socket_.bench(time.microseconds)),
+        board_(socket_.surroundings(time.microseconds)),
         real_(host_.with(screen)),
         tap_(real_.driver, real_.library, real_.usb, [this] { return socket_.wiring(); }),
         platform_{tap_, tap_, tap_, real_.host, real_.clock, screen} {}

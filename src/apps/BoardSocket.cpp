@@ -23,7 +23,7 @@ void BoardSocket::changed(forms::Control& /*control*/, forms::Aspect /*aspect*/)
   board_->plug(program_->window.pllM(index).Caption.get());
 }
 
-board::Bench BoardSocket::bench(std::function<std::int64_t()> microseconds) const {
+board::Surroundings BoardSocket::surroundings(std::function<std::int64_t()> microseconds) const {
   return {std::move(microseconds),
           [this] { return program_ ? leadingNumber(program_->window.RefText.Text.get()) : 0; }};
 }

@@ -1,4 +1,4 @@
-// What the program says of the board on its bench: which chip it carries, how it is wired, its crystal and
+// What the program says of the board: which chip it carries, how it is wired, its crystal and
 // what it is asked for.
 #pragma once
 
@@ -22,9 +22,9 @@ class BoardSocket : public forms::Observer {
   // From now on the chip of the model menu sits on `board`. The program may end first.
   void connect(Program& program, board::EvaluationBoard& board);
 
-  // For the making of a board. `microseconds` is the time on the bench; it never goes back. The crystal has
+  // For the making of a board. `microseconds` is the time there; it never goes back. The crystal has
   // the reference frequency that the operator states.
-  [[nodiscard]] board::Bench bench(std::function<std::int64_t()> microseconds) const;
+  [[nodiscard]] board::Surroundings surroundings(std::function<std::int64_t()> microseconds) const;
   // As the wiring dialog says.
   [[nodiscard]] board::Cable wiring() const;
   // The output frequency that the last command was for, in MHz; none before the first.

@@ -8,7 +8,7 @@
 #include <string>
 
 #include "apps/BoardLink.h"
-#include "apps/BoardOnBench.h"
+#include "apps/ProbedBoard.h"
 #include "apps/ReachReader.h"
 #include "desktop/Desktop.h"
 #include "desktop/board/ScriptFeed.h"
@@ -43,7 +43,7 @@ class ScriptPlayer final : public script::Stage {
   BoardLink& link_;
   script::WaitedTime& time_;
   ReachReader reach_;
-  std::optional<BoardOnBench> board_;
+  std::optional<ProbedBoard> board_;
   desktop::ScriptRun* run_ = nullptr;
   std::multimap<std::int64_t, std::function<void()>> actions_;
   bool failed_ = false;

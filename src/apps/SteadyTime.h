@@ -1,4 +1,4 @@
-// The time on a real bench.
+// The time of a real board.
 #pragma once
 
 #include <chrono>

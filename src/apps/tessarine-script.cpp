@@ -15,8 +15,8 @@
 #include <vector>
 
 #include "apps/BoardLink.h"
-#include "apps/BoardOnBench.h"
 #include "apps/Options.h"
+#include "apps/ProbedBoard.h"
 #include "apps/ReachReader.h"
 #include "apps/Recording.h"
 #include "apps/RemoteControl.h"
@@ -83,9 +83,9 @@ int runScript(const Options& options, const Script& script) {
   screen.afterMessage = [advice = PortAdvice(*link)]() mutable { advice.tell(); };
   Program program(link->platform());
   link->connect(program);
-  std::optional<BoardOnBench> bench;
+  std::optional<ProbedBoard> probed;
   if (link->virtualBoard() != nullptr) {
-    bench.emplace(*link->virtualBoard());
+    probed.emplace(*link->virtualBoard());
     if (script.asksForLatches) link->board().collectLatches();
   }
   trace.listen(*link);
@@ -100,7 +100,7 @@ int runScript(const Options& options, const Script& script) {
 
   program.start();
   ReachReader reach;
-  Interpreter interpreter({program.forms, program.door, screen, bench ? &*bench : nullptr, std::cout,
+  Interpreter interpreter({program.forms, program.door, screen, probed ? &*probed : nullptr, std::cout,
                            std::cerr, [&program] { return script::snapshot(program); },
                            [&] { return board::describeReach(reach.reach(program)); }},
                           *script.text, script.name);

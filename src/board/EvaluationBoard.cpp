@@ -6,7 +6,7 @@
 
 namespace tessarine::board {
 
-EvaluationBoard::EvaluationBoard(Bench bench) : bench_(std::move(bench)) { retuneAt(0); }
+EvaluationBoard::EvaluationBoard(Surroundings around) : around_(std::move(around)) { retuneAt(0); }
 
 void EvaluationBoard::drive(Levels next) {
   const std::int64_t time = nextTick();
@@ -23,14 +23,14 @@ void EvaluationBoard::drive(Levels next) {
 }
 
 std::int64_t EvaluationBoard::nextTick() {
-  const std::int64_t clock = bench_.microseconds();
+  const std::int64_t clock = around_.microseconds();
   if (lastTick_ < 0) origin_ = clock;
   lastTick_ = std::max(lastTick_ + 1, clock - origin_);
   return lastTick_;
 }
 
 std::int64_t EvaluationBoard::now() const {
-  return lastTick_ < 0 ? 0 : std::max(lastTick_, bench_.microseconds() - origin_);
+  return lastTick_ < 0 ? 0 : std::max(lastTick_, around_.microseconds() - origin_);
 }
 
 void EvaluationBoard::step(std::int64_t time, Levels next) {
@@ -100,7 +100,7 @@ void EvaluationBoard::retune() { retuneAt(now()); }
 void EvaluationBoard::retuneAt(std::int64_t time) {
   ++version_;
   if (chip_) {
-    tuning_ = chip_->tune(bench_.referenceMHz());
+    tuning_ = chip_->tune(around_.referenceMHz());
   } else {
     tuning_ = {};
     tuning_.faults.emplace_back("no chip");

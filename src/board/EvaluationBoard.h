@@ -1,5 +1,5 @@
 // An evaluation board as seen from its connector: three wires come in, a chip latches what they carry. It
-// keeps what a bench instrument would: the trace of the wires, the last load word by word, the frequency over
+// keeps what an instrument would: the trace of the wires, the last load word by word, the frequency over
 // time.
 #pragma once
 
@@ -21,7 +21,7 @@
 namespace tessarine::board {
 
 // What surrounds the board. Times are microseconds of a clock that never goes back.
-struct Bench {
+struct Surroundings {
   std::function<std::int64_t()> microseconds;
   std::function<double()> referenceMHz;  // the crystal; 0: none. Looked at with each latch.
 };
@@ -34,7 +34,7 @@ class EvaluationBoard {
   static constexpr std::size_t kLoadWords = 64;  // kept of a load that never pauses
   static constexpr std::size_t kHistoryPoints = 1 << 16;
 
-  explicit EvaluationBoard(Bench bench);
+  explicit EvaluationBoard(Surroundings around);
 
   // One write to the port that carries the wires: takes at least a microsecond of trace time.
   void drive(Levels next);
@@ -84,7 +84,7 @@ class EvaluationBoard {
   void beginLoad();
   void retuneAt(std::int64_t time);
 
-  Bench bench_;
+  Surroundings around_;
   WireReceiver receiver_;
   WireTrace trace_;
   VcdWriter* writer_ = nullptr;

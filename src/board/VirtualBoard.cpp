@@ -35,9 +35,9 @@ std::optional<BoardFault> boardFaultNamed(std::string_view name) {
   return found == std::end(kFaults) ? std::optional<BoardFault>{} : found->fault;
 }
 
-VirtualBoard::VirtualBoard(Bench bench, std::function<Cable()> cable)
+VirtualBoard::VirtualBoard(Surroundings around, std::function<Cable()> cable)
     : cable_(std::move(cable)),
-      board_({std::move(bench.microseconds), [this, reference = std::move(bench.referenceMHz)] {
+      board_({std::move(around.microseconds), [this, reference = std::move(around.referenceMHz)] {
                 return fault_ == BoardFault::noReference ? 0 : reference();
               }}) {}
 

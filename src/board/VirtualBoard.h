@@ -17,7 +17,7 @@
 
 namespace tessarine::board {
 
-// What can be wrong with the bench, to see what the program and the board make of it.
+// What can be wrong with the board, to see what the program and the board make of it.
 enum class BoardFault {
   none,
   noEcho,       // nothing answers at the port's address: writes go nowhere, reads give FF
@@ -36,7 +36,7 @@ struct BoardFaultName {
 class VirtualBoard final : public PortDriver, public PortLibrary, public UsbInterface {
  public:
   // `cable` tells at each port write how the board is wired to the parallel port.
-  VirtualBoard(Bench bench, std::function<Cable()> cable);
+  VirtualBoard(Surroundings around, std::function<Cable()> cable);
 
   [[nodiscard]] EvaluationBoard& board() { return board_; }
   [[nodiscard]] const EvaluationBoard& board() const { return board_; }

@@ -72,16 +72,16 @@ std::string checkMark(const Control& control) {
 
 }  // namespace
 
-Interpreter::Interpreter(const Bench& bench, std::istream& script, std::string fileName)
-    : bench_(bench), lines_(script), fileName_(std::move(fileName)) {
-  bench_.stage.operateModal = [this](Form& form) { operateModal(form); };
+Interpreter::Interpreter(const Surroundings& around, std::istream& script, std::string fileName)
+    : around_(around), lines_(script), fileName_(std::move(fileName)) {
+  around_.stage.operateModal = [this](Form& form) { operateModal(form); };
 }
 
-Interpreter::~Interpreter() { bench_.stage.operateModal = nullptr; }
+Interpreter::~Interpreter() { around_.stage.operateModal = nullptr; }
 
 Interpreter::Status Interpreter::run() {
   try {
-    while (!bench_.stage.ended()) {
+    while (!around_.stage.ended()) {
       const auto line = lines_.next();
       if (!line) {
         for (const int number : waiting_) report(number, "not carried out: the script ended before its time");
@@ -96,8 +96,8 @@ Interpreter::Status Interpreter::run() {
 }
 
 void Interpreter::performLine(const Line& line) {
-  bench_.stage.comesTo(line.number);
-  if (bench_.stage.ended()) return;
+  around_.stage.comesTo(line.number);
+  if (around_.stage.ended()) return;
   Action action;
   perform([&] { action = prepare(line.text, line.number); }, line.number);
   if (action) perform(action, line.number);
@@ -112,15 +112,15 @@ void Interpreter::perform(const Action& action, int number) {
 }
 
 void Interpreter::operateModal(Form& form) {
-  while (form.Visible && !bench_.stage.ended()) {
+  while (form.Visible && !around_.stage.ended()) {
     const auto line = lines_.next();
     if (!line) break;
     performLine(*line);
   }
-  if (!form.Visible || bench_.stage.ended() || !bench_.stage.endsWithScript()) return;
+  if (!form.Visible || around_.stage.ended() || !around_.stage.endsWithScript()) return;
   // The script is over: the form is left as an operator leaves it who wants nothing. None does: a recording
   // of the script ends in front of this, and so comes to it again.
-  bench_.door.run([&form] {
+  around_.door.run([&form] {
     if (const Control* const cancel = form.cancelButton()) {
       if (const forms::Event handler = cancel->Click) handler();
     } else {
@@ -133,26 +133,26 @@ void Interpreter::operateModal(Form& form) {
 void Interpreter::refuse(int number, const std::string& why) {
   report(number, why);
   status_ = kRefused;
-  bench_.stage.fail();
+  around_.stage.fail();
 }
 
 void Interpreter::report(int number, const std::string& what) {
-  bench_.errors << fileName_ << ':' << number << ": " << what << '\n' << std::flush;
+  around_.errors << fileName_ << ':' << number << ": " << what << '\n' << std::flush;
 }
 
-void Interpreter::print(const std::string& line) { bench_.out << line << '\n' << std::flush; }
+void Interpreter::print(const std::string& line) { around_.out << line << '\n' << std::flush; }
 
 Form& Interpreter::form(std::string_view rest) const {
   const auto names = words(rest);
   if (names.size() != 1) throw Malformed{};
-  for (Form* const each : bench_.forms.all()) {
+  for (Form* const each : around_.forms.all()) {
     if (each->name() == names.front()) return *each;
   }
   throw Refused("there is no window " + inQuotes(names.front()));
 }
 
 Control& Interpreter::control(std::string_view name) const {
-  if (Control* const found = bench_.forms.find(name)) return *found;
+  if (Control* const found = around_.forms.find(name)) return *found;
   throw Refused("there is no control " + inQuotes(name));
 }
 
@@ -165,8 +165,8 @@ Control& Interpreter::model(std::string_view caption) const {
 }
 
 BoardProbe& Interpreter::board() const {
-  if (!bench_.board) throw Refused("there is no virtual board");
-  return *bench_.board;
+  if (!around_.board) throw Refused("there is no virtual board");
+  return *around_.board;
 }
 
 Control& Interpreter::only(std::string_view rest) const {
@@ -188,32 +188,32 @@ struct Interpreter::Commands {
   static std::span<const Command> all();
 
   static Action click(Interpreter& script, std::string_view rest, int /*number*/) {
-    return [&script, &target = script.only(rest)] { orRefuse(script.bench_.door.click(target)); };
+    return [&script, &target = script.only(rest)] { orRefuse(script.around_.door.click(target)); };
   }
 
   static Action doubleClick(Interpreter& script, std::string_view rest, int /*number*/) {
-    return [&script, &target = script.only(rest)] { orRefuse(script.bench_.door.doubleClick(target)); };
+    return [&script, &target = script.only(rest)] { orRefuse(script.around_.door.doubleClick(target)); };
   }
 
   static Action close(Interpreter& script, std::string_view rest, int /*number*/) {
-    return [&script, &target = script.form(rest)] { orRefuse(script.bench_.door.close(target)); };
+    return [&script, &target = script.form(rest)] { orRefuse(script.around_.door.close(target)); };
   }
 
   static Action activate(Interpreter& script, std::string_view rest, int /*number*/) {
-    return [&script, &target = script.form(rest)] { orRefuse(script.bench_.door.activate(target)); };
+    return [&script, &target = script.form(rest)] { orRefuse(script.around_.door.activate(target)); };
   }
 
   static Action pick(Interpreter& script, std::string_view rest, int /*number*/) {
     const std::string_view caption = unquoted(trimmedBlanks(rest));
     if (caption.empty()) throw Malformed{};
-    return [&script, &entry = script.model(caption)] { orRefuse(script.bench_.door.click(entry)); };
+    return [&script, &entry = script.model(caption)] { orRefuse(script.around_.door.click(entry)); };
   }
 
   static Action set(Interpreter& script, std::string_view rest, int /*number*/) {
     const std::string_view name = takeWord(rest);
     if (name.empty()) throw Malformed{};
     return [&script, &target = script.control(name), value = std::string(unquoted(rest))] {
-      orRefuse(script.bench_.door.set(target, value));
+      orRefuse(script.around_.door.set(target, value));
     };
   }
 
@@ -251,7 +251,7 @@ struct Interpreter::Commands {
   static Action controls(Interpreter& script, std::string_view rest, int /*number*/) {
     nothingMore(rest);
     return [&script] {
-      for (const Form* const each : script.bench_.forms.all()) {
+      for (const Form* const each : script.around_.forms.all()) {
         for (const Control* const item : each->controls()) script.print(controlRow(*item));
       }
     };
@@ -278,9 +278,9 @@ struct Interpreter::Commands {
 
   static Action board(Interpreter& script, std::string_view rest, int /*number*/) {
     const auto asked = words(rest);
-    if (asked.empty()) return [&script] { script.bench_.out << script.board().describe() << std::flush; };
+    if (asked.empty()) return [&script] { script.around_.out << script.board().describe() << std::flush; };
     if (asked.size() == 1 && asked.front() == "history") {
-      return [&script] { script.bench_.out << script.board().history() << std::flush; };
+      return [&script] { script.around_.out << script.board().history() << std::flush; };
     }
     if (asked.size() == 1 && asked.front() == "reach") return reach(script);
     if (asked.size() == 2 && asked.front() == "fault") {
@@ -291,24 +291,24 @@ struct Interpreter::Commands {
 
   static Action snapshot(Interpreter& script, std::string_view rest, int /*number*/) {
     nothingMore(rest);
-    return [&script] { script.bench_.out << script.bench_.snapshot() << std::flush; };
+    return [&script] { script.around_.out << script.around_.snapshot() << std::flush; };
   }
 
   // Without a virtual board, too.
   static Action reach(Interpreter& script) {
-    if (!script.bench_.reach) throw Refused("there is nothing to reach");
-    return [&script] { script.bench_.out << script.bench_.reach() << std::flush; };
+    if (!script.around_.reach) throw Refused("there is nothing to reach");
+    return [&script] { script.around_.out << script.around_.reach() << std::flush; };
   }
 
   static Action time(Interpreter& script, std::string_view rest, int /*number*/) {
     nothingMore(rest);
-    return [&script] { script.print(row({"time", millisecondText(script.bench_.stage.now())})); };
+    return [&script] { script.print(row({"time", millisecondText(script.around_.stage.now())})); };
   }
 
   static Action wait(Interpreter& script, std::string_view rest, int /*number*/) {
     const std::int64_t span = takeSpan(rest);
     nothingMore(rest);
-    return [&script, span] { script.bench_.stage.runEventsUntil(script.bench_.stage.now() + span); };
+    return [&script, span] { script.around_.stage.runEventsUntil(script.around_.stage.now() + span); };
   }
 
   static Action at(Interpreter& script, std::string_view rest, int number) {
@@ -321,7 +321,7 @@ struct Interpreter::Commands {
     }
     return [&script, number, span, action = script.prepare(rest, number)] {
       script.waiting_.insert(number);
-      script.bench_.stage.at(script.bench_.stage.now() + span, [&script, number, action] {
+      script.around_.stage.at(script.around_.stage.now() + span, [&script, number, action] {
         script.waiting_.erase(number);
         script.perform(action, number);
       });

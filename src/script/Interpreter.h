@@ -23,7 +23,7 @@ class Interpreter {
   enum Status { kDone = 0, kExpectFailed = 1, kRefused = 2 };
 
   // What a script works on and where it prints. `board` is null where there is no virtual board.
-  struct Bench {
+  struct Surroundings {
     forms::FormList& forms;
     forms::Operator& door;
     Stage& stage;
@@ -36,7 +36,7 @@ class Interpreter {
   };
 
   // `fileName` stands in front of messages.
-  Interpreter(const Bench& bench, std::istream& script, std::string fileName);
+  Interpreter(const Surroundings& around, std::istream& script, std::string fileName);
   ~Interpreter();
   Interpreter(const Interpreter&) = delete;
   Interpreter& operator=(const Interpreter&) = delete;
@@ -65,8 +65,8 @@ class Interpreter {
   [[nodiscard]] forms::Control& model(std::string_view caption) const;
   [[nodiscard]] BoardProbe& board() const;
 
-  Bench bench_;
-  LineReader lines_;
+  Surroundings around_;
+  ScriptReader lines_;
   std::string fileName_;
   std::set<int> waiting_;  // the lines of "at" that are still to come
   Status status_ = kDone;

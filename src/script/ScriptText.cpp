@@ -107,7 +107,7 @@ std::string millisecondText(std::int64_t microseconds) {
   return text;
 }
 
-std::optional<Line> LineReader::next() {
+std::optional<Line> ScriptReader::next() {
   std::string text;
   while (std::getline(in_, text)) {
     if (++number_ == 1 && text.starts_with("\xEF\xBB\xBF")) text.erase(0, 3);

@@ -43,9 +43,9 @@ struct Line {
 };
 
 // The lines of a script that carry a command, with either line end.
-class LineReader {
+class ScriptReader {
  public:
-  explicit LineReader(std::istream& in) : in_(in) {}
+  explicit ScriptReader(std::istream& in) : in_(in) {}
   [[nodiscard]] std::optional<Line> next();
   [[nodiscard]] int number() const { return number_; }  // of the line read last
 

@@ -221,7 +221,7 @@ TEST(Modes, AHopKeepsItsPace) {
   ASSERT_GE(pauses.size(), 8U);
   pauses.pop_back();  // nothing follows the last load
   EXPECT_GE(std::ranges::min(pauses), 99.5);
-  EXPECT_LE(std::ranges::min(pauses), 105) << "the host may be busy with something else in the others";
+  EXPECT_LE(std::ranges::min(pauses), 150) << "the host may be busy with something else";
 }
 
 TEST(Close, PausesOnTheFirstScreenWhileTheMenusWork) {

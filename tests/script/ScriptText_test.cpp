@@ -48,7 +48,7 @@ TEST(ScriptText, TimesAreMillisecondsWithAFraction) {
 
 TEST(ScriptText, LinesKeepTheirNumbersWhateverTheirEnds) {
   std::istringstream file("\xEF\xBB\xBF# head\r\n\r\n  click A \r\n\t\n   # note\nset B  x\t\nlast");
-  LineReader lines(file);
+  ScriptReader lines(file);
   std::vector<std::pair<int, std::string>> read;
   while (const auto line = lines.next()) read.emplace_back(line->number, line->text);
   using Numbered = std::pair<int, std::string>;

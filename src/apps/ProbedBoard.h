@@ -14,20 +14,20 @@
 
 namespace tessarine {
 
-class BoardOnBench : public script::BoardProbe {
+class ProbedBoard : public script::BoardProbe {
  public:
-  explicit BoardOnBench(board::VirtualBoard& bench) : bench_(bench) {}
+  explicit ProbedBoard(board::VirtualBoard& board) : board_(board) {}
 
-  std::vector<std::string> takeLatches() override { return bench_.board().takeLatches(); }
-  std::string describe() override { return bench_.describe(); }
+  std::vector<std::string> takeLatches() override { return board_.board().takeLatches(); }
+  std::string describe() override { return board_.describe(); }
 
   // "history", milliseconds since the start of the script, output frequency and lock: a line for each
   // change.
   std::string history() override {
-    const auto& points = bench_.board().history();
+    const auto& points = board_.board().history();
     std::string text;
     for (std::size_t i = 0; i < points.size(); ++i) {
-      text += "history\t" + script::millisecondText(bench_.board().firstWrite() + points[i].time) + '\t' +
+      text += "history\t" + script::millisecondText(board_.board().firstWrite() + points[i].time) + '\t' +
               board::fixedText(points[i].outputMHz, 6) + " MHz\t" + (points[i].locked ? "1\n" : "0\n");
     }
     return text;
@@ -35,7 +35,7 @@ class BoardOnBench : public script::BoardProbe {
 
   std::optional<std::string> fault(std::string_view name) override {
     if (const auto fault = board::boardFaultNamed(name)) {
-      bench_.setFault(*fault);
+      board_.setFault(*fault);
       return {};
     }
     std::string known;
@@ -44,7 +44,7 @@ class BoardOnBench : public script::BoardProbe {
   }
 
  private:
-  board::VirtualBoard& bench_;
+  board::VirtualBoard& board_;
 };
 
 }  // namespace tessarine
