@@ -166,14 +166,15 @@ void suggest(const ChipModel& chip, const ReachFields& fields, const Blocks& blo
              bool roundsSwallow, Reach& reach) {
   const double asked = fields.vcoMHz;
   const double reference = fields.referenceMHz;
+  const double foreign = chipsPrescaler - blocks.prescaler;
   int untypable = 0;
   const Rating& most = chip.ratings.highestOutputMHz;
   Choice closest;
   for (double r = 1; r <= kMostR; ++r) {
-    const double ratio = asked * r / reference;
-    const double split = roundsSwallow ? std::round(ratio) : std::floor(ratio * kHair);
+    const double ratio = asked / reference * r;
+    const double split = std::floor(roundsSwallow ? ratio + 0.5 : ratio * kHair);
     if (split > blocks.lastOf(blocks.mostMain)) break;
-    const double n = split + (chipsPrescaler - blocks.prescaler) * std::floor(split / blocks.prescaler);
+    const double n = foreign == 0 ? split : split + foreign * std::floor(split / blocks.prescaler);
     const double output = reference / r * n;
     const double offset = std::abs(output - asked);
     const bool meets = isMet(output, asked);

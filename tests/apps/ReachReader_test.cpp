@@ -116,14 +116,15 @@ void drawPanels(ReachDesk& desk, Draw& draw) {
   for (const char* field : {"RText", "Text27", "Text36(0)", "Text46(0)"})
     desk.write(field, draw.of(counters, odd));
   desk.write("Text26", draw.of({"0", "0", "15", "0", "7"}, {"16", "-1"}));
-  desk.write("Text36(2)", draw.of({"0", "100"}, {"32767", "-32768"}));
+  desk.write("Text36(2)", draw.of({"0", "100"}, {"32764", "-32764"}));
   desk.write("Text46(2)", draw.of({"31", "0"}, {"32", "-1"}));
   desk.write("Text46(3)", draw.of({"31", "7"}, {"40"}));
   window.XLabel.Caption = draw.of({"0", "1"});
   window.Check11(2).Value = static_cast<int>(draw.below(2));
   window.Label43.Caption = draw.of({"Normal Mode", "LCD Mode"});
   window.Check16.Value = static_cast<int>(draw.below(2));
-  for (const int list : {1, 4}) window.Combo10(list).ListIndex = static_cast<int>(draw.below(2));
+  window.Combo10(1).ListIndex = static_cast<int>(draw.below(2));
+  window.Combo10(4).ListIndex = static_cast<int>(draw.below(4));
   window.Label73(2).Caption = draw.of({"0", "0", "1"});
   window.Label73(3).Caption = draw.of({"0", "0", "1"});
   const std::string folder = TESSARINE_SOURCE_DIR "/examples/";

@@ -28,7 +28,7 @@ const bool registered = [] {
   } cases[] = {
       {"a usual step", "ADF4113", fields(900, 10, 200, 32)},
       {"nothing meets it", "ADF4113", fields(812.3456789, 26, 30, 32)},
-      {"R up to its end", "ADF4113", fields(1.2345678901, 0.0001, 0.00000001, 8)},
+      {"R up to its end", "ADF4112", fields(3.57660627078e-05, 0.00294167415772, 12.5, 64)},
       {"low ratio, large R", "ADF4113", fields(0.987654321, 104, 6.5, 8)},
       {"above the rated output", "ADF4110", fields(3999.9999999, 10, 200, 64)},
       {"A is cut down", "LMX2325", fields(1234.5678901, 13, 12.5, 32)},

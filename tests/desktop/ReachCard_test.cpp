@@ -74,5 +74,25 @@ TEST(ReachCard, FollowsTheFieldsAndCopiesWhatIsClicked) {
   EXPECT_EQ(desk.shown("reachOutput"), "");
 }
 
+TEST(ReachCard, CutsNoTextAtTheLeastSizeOfTheWindow) {
+  ReachDesk desk;
+  desk.type("ADF4113", 3200.0123456, 30);
+  desk.window.resize(1, 1);
+  desk.type("ADF4113", 4200.0123456, 30);
+  QTest::qWait(1);
+  EXPECT_LT(desk.window.width(), desk.window.fontMetrics().averageCharWidth() * 90);
+  for (QLabel* const label : desk.window.findChildren<QLabel*>()) {
+    if (!label->isVisible()) continue;
+    const int least = label->wordWrap() ? label->heightForWidth(label->width()) : label->sizeHint().height();
+    EXPECT_GE(label->height(), least) << label->text().toStdString();
+    EXPECT_GE(label->width(), label->minimumSizeHint().width()) << label->text().toStdString();
+  }
+  for (const char* name : {"reachBelow", "reachAbove"}) {
+    const auto& button = desk.find<QPushButton>(name);
+    EXPECT_TRUE(button.isVisible());
+    EXPECT_EQ(button.size().expandedTo(button.sizeHint()), button.size()) << name;
+  }
+}
+
 }  // namespace
 }  // namespace tessarine::desktop
