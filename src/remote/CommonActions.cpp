@@ -1,4 +1,5 @@
 // What IEEE 488.2 wants of every instrument, and the subsystem SYSTem.
+#include <cmath>
 #include <string>
 
 #include "platform/Version.h"
@@ -8,10 +9,9 @@ namespace tessarine::remote {
 namespace {
 
 int byteOf(const Argument& argument) {
-  // Any number of digits has passed: compared as one that holds them.
-  const double value = std::stod(shifted(argument.number.plain, argument.number.exponent));
-  if (!(value > -0.5 && value < 255.5)) throw Refused{-222, "0 to 255"};
-  return static_cast<int>(value + 0.5);
+  const double value = std::round(valueOf(shifted(argument.number.plain, argument.number.exponent)));
+  if (!(value >= 0 && value <= 255)) throw Refused{-222, "0 to 255"};
+  return static_cast<int>(value);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <charconv>
 #include <cstddef>
+#include <limits>
 #include <system_error>
 
 #include "board/NumberText.h"
@@ -49,6 +50,12 @@ std::string shifted(std::string_view plain, int exponent) {
   if (before.empty()) before = "0";
   std::string text = behind.empty() ? before : before + '.' + behind;
   return negative && text != "0" ? '-' + text : text;
+}
+
+double valueOf(std::string_view plain) {
+  double value = 0;
+  const auto result = std::from_chars(plain.data(), plain.data() + plain.size(), value);
+  return result.ec == std::errc() ? value : std::numeric_limits<double>::infinity();
 }
 
 std::optional<std::string> fieldNumber(std::string_view field) {

@@ -11,6 +11,9 @@ namespace tessarine::remote {
 // `plain` is digits with at most one point among them, and a sign in front or none.
 [[nodiscard]] std::string shifted(std::string_view plain, int exponent);
 
+// Its value, whatever the locale; beyond a double it is infinite.
+[[nodiscard]] double valueOf(std::string_view plain);
+
 // The number at the front of a field, as the program itself reads it; nothing for an empty field.
 [[nodiscard]] std::optional<std::string> fieldNumber(std::string_view field);
 

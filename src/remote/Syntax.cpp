@@ -81,8 +81,8 @@ Command commandOf(std::string_view text, std::string& path) {
     command.header = path + std::string(header);
     // A line of unknown headers must not make longer and longer ones.
     constexpr std::size_t kLongestPath = 200;
-    const std::size_t colon = command.header.rfind(':');
-    path = colon == std::string::npos || colon > kLongestPath ? "" : command.header.substr(0, colon + 1);
+    path = command.header.substr(0, command.header.rfind(':') + 1);
+    if (path.size() > kLongestPath) path.clear();
   }
   if (!rest.empty()) {
     for (const std::string_view parameter : parted(rest, ',')) {

@@ -24,10 +24,10 @@ std::string modelOf(const Call& call) {
 
 // The number that a field is to show.
 std::string numberFor(const Field& field, const CommandNumber& number) {
-  const std::string text = shifted(number.plain, number.exponent - field.power);
+  std::string text = shifted(number.plain, number.exponent - field.power);
   if (field.isInteger) {
     // As it will be rounded: to the nearest, with ties to even.
-    const double value = std::stod(text);
+    const double value = valueOf(text);
     if (!(value >= -32768.5 && value < 32767.5)) throw Refused{-222, text + " does not fit 16 bits"};
   }
   return text;

@@ -8,6 +8,7 @@
 
 #include <QElapsedTimer>
 #include <QImage>
+#include <QLabel>
 #include <QLineEdit>
 #include <QProcess>
 #include <QTest>
@@ -348,6 +349,19 @@ std::size_t residentBytes() {
   std::size_t resident = 0;
   file >> pages >> resident;
   return resident * static_cast<std::size_t>(sysconf(_SC_PAGESIZE));
+}
+
+TEST(BoardWindow, TellsWhoWorksTheProgramFromOutside) {
+  BoardDesk desk;
+  EXPECT_FALSE(desk.find("boardRemote")->isVisible());
+  std::string line = "no client connected";
+  BoardWindow window({.board = desk.port.board(), .remote = [&] { return line; }});
+  window.show();
+  const auto* const label = window.findChild<QLabel*>(QStringLiteral("boardRemote"));
+  EXPECT_TRUE(label->isVisible());
+  EXPECT_EQ(label->text().toStdString(), line);
+  line = "1 client connected";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return label->text().toStdString() == line; }));
 }
 
 TEST(BoardWindow, TenThousandSendsAreBoundedInPaintingAndMemory) {

@@ -33,7 +33,7 @@ TEST(Protocol, RepliesAndRefuses) {
       {"REF 10MAHZ;REF 1S;HOP:COUN 1HZ;DEL 1HZ;*ESE 1S", "", "-131 -131 -138 -131 -138 "},
       {"REF ten;REF '10';REF 1 2;REF .;REF 1E99;REF 1E-99999999999", "", "-104 -104 -131 -104 -222 -222 "},
       {"HOP:COUN 32767.4;COUN?;COUN 32767.5;DEL 32.768;DEL 32767MS;DEL?", "32767.4;32.767", "-222 -222 "},
-      {"*ESE 255;*ESE?;*ESE 256;*SRE -1;*ESE 0;*SRE 255;*SRE?;*SRE 0", "255;191", "-222 -222 "},
+      {"*ESE 2.545E2;*ESE?;*ESE 256;*SRE -1;*ESE 0;*SRE 255;*SRE?;*SRE 0", "255;191", "-222 -222 "},
       {"MOD 'ADF9';MOD '-';MOD ADF4113;MOD \"ADF4113;MOD?", "", "-224 -224 -104 -151 "},
       {"CONT:SET 'PrescalarText','a;\"b'';,';VAL? 'PrescalarText'", "\"a;\"\"b';,\"", ""},
       {"CONT:SET 'RefText','a\tb\\';VAL? 'RefText';:REF?", R"("a\tb\\";0)", ""},
