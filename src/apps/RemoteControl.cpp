@@ -27,34 +27,29 @@ RemoteControl::RemoteControl(const ProgramKind& kind, const Options& options)
   if (options.serve.empty()) return;
   Listening listening = listenAt(options.serve);
   if (!listening.isLoopback) {
-    std::cerr << kind.name << ": anybody who reaches " << listening.address
+    std::cerr << kind.name << ": anybody who reaches " << listening.listener->address()
               << " over the network can work this bench: there is no password, and nothing is encrypted"
               << std::endl;
   }
-  std::cout << "serving\t" << listening.address << std::endl;
+  std::cout << "serving\t" << listening.listener->address() << std::endl;
   listener_ = std::move(listening.listener);
-  address_ = std::move(listening.address);
 }
 
 Screen& RemoteControl::screenOver(Screen& screen) {
   return listener_ ? static_cast<Screen&>(screen_.emplace(screen)) : screen;
 }
 
-void RemoteControl::connect(Program& program, BoardLink& link) {
-  if (!listener_) return;
+std::unique_ptr<remote::Server> RemoteControl::connect(Program& program, BoardLink& link) {
+  if (!listener_) return nullptr;
   link.listen();
   const bool hasPin = options_.board == BoardKind::gpio;
-  server_.emplace(
+  return std::make_unique<remote::Server>(
       remote::Bench{
           .program = program,
           .board = link.board(),
           .name = kind_.name,
           .readsLockPin = [&program, hasPin] { return hasPin || program.module.PortType == "USB"; }},
       *screen_, std::move(listener_));
-}
-
-std::string RemoteControl::describe() const {
-  return server_ ? "Remote control on " + address_ + ": " + server_->describe() : std::string();
 }
 
 void WatchfulTime::sleepUntil(std::int64_t time) {

@@ -4,7 +4,6 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
-#include <string>
 
 #include "apps/BoardLink.h"
 #include "apps/Options.h"
@@ -25,20 +24,15 @@ class RemoteControl {
 
   // The one to make a program with that is to show on `screen`.
   [[nodiscard]] Screen& screenOver(Screen& screen);
-  // From now on clients are answered, as often as events are served. The program and the link outlive this.
-  void connect(Program& program, BoardLink& link);
-  // Where it listens, the clients, and what was asked last; empty where nothing is served.
-  [[nodiscard]] std::string describe() const;
-  // Null where nothing is served.
-  [[nodiscard]] remote::Server* server() { return server_ ? &*server_ : nullptr; }
+  // Answers clients from now on, as often as it is let, until it goes, which is before the program, the link
+  // and this. Null where nothing is served.
+  [[nodiscard]] std::unique_ptr<remote::Server> connect(Program& program, BoardLink& link);
 
  private:
   const ProgramKind& kind_;
   const Options& options_;
-  std::string address_;
   std::optional<remote::ClientScreen> screen_;
   std::unique_ptr<Listener> listener_;
-  std::optional<remote::Server> server_;
 };
 
 // Real time that is slept away watching over what comes in from outside.

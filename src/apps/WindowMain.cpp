@@ -65,9 +65,9 @@ int run(const ProgramKind& kind, const Options& options, std::vector<char*>& too
   Program program(link->platform());
   link->connect(program);
   trace.listen(*link);
-  remote.connect(program, *link);
+  const auto server = remote.connect(program, *link);
   std::optional<desktop::SocketWatch> watch;
-  if (remote.server() != nullptr) watch.emplace(*remote.server());
+  if (server) watch.emplace(*server);
   Recording recording(options.record, *link, program,
                       {.microseconds = steadyMicroseconds, .isVirtual = false}, tell);
   ReachReader reach;
@@ -76,7 +76,7 @@ int run(const ProgramKind& kind, const Options& options, std::vector<char*>& too
                                     .virtualBoard = link->virtualBoard(),
                                     .askedMHz = [&] { return link->askedMHz(); },
                                     .onFirstShow = [&] { link->listen(); },
-                                    .remote = [&] { return remote.describe(); },
+                                    .remote = [&] { return server ? server->describe() : std::string(); },
                                     .reach = [&] { return reach.reach(program); },
                                     .fieldsVersion = [&] { return link->fieldsVersion(); },
                                     .script = scriptFeed(recording, player, program)});

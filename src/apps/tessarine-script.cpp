@@ -89,7 +89,7 @@ int runScript(const Options& options, const Script& script) {
     if (script.asksForLatches) link->board().collectLatches();
   }
   trace.listen(*link);
-  remote.connect(program, *link);
+  const auto server = remote.connect(program, *link);
   std::optional<Recording> recording;
   if (!options.record.empty()) {
     recording.emplace(options.record, *link, program,
@@ -105,9 +105,9 @@ int runScript(const Options& options, const Script& script) {
                            [&] { return board::describeReach(reach.reach(program)); }},
                           *script.text, script.name);
   int status = interpreter.run();
-  if (remote.server() != nullptr && !screen.ended()) {
+  if (server && !screen.ended()) {
     screen.forgetActions();
-    serveUntilEnd(*remote.server(), realTime, screen);
+    serveUntilEnd(*server, realTime, screen);
   }
   if (!isVirtual && program.module.WritesGivenUp > 0) {
     (void)failed(kProgram, std::to_string(program.module.WritesGivenUp) +

@@ -27,6 +27,7 @@ class Connection {
 class Listener {
  public:
   virtual ~Listener() = default;
+  [[nodiscard]] virtual std::string address() const = 0;  // "127.0.0.1:5025", "[::1]:5025"
   // Null while nobody asks.
   virtual std::unique_ptr<Connection> accept() = 0;
   [[nodiscard]] virtual int descriptor() const = 0;

@@ -117,9 +117,9 @@ void Server::forgetTheGone() {
 
 std::string Server::describe() const {
   const std::size_t count = clients_.size();
-  std::string text = count == 0   ? "no client connected"
-                     : count == 1 ? "1 client connected"
-                                  : std::to_string(count) + " clients connected";
+  std::string text = "Remote control on " + listener_->address() + ": ";
+  text += count == 0 ? "no" : std::to_string(count);
+  text += count == 1 ? " client connected" : " clients connected";
   if (!last_.empty()) text += ", last asked " + shown(last_);
   return text;
 }

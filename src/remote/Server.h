@@ -30,7 +30,7 @@ class Server final : public EventSource {
   [[nodiscard]] bool hasWork() const override;
   void serve() override;
 
-  // "2 clients connected, the last one asked FREQ:ACT?"
+  // "Remote control on 127.0.0.1:5025: 2 clients connected, last asked FREQ:ACT?"
   [[nodiscard]] std::string describe() const;
 
  private:

@@ -191,7 +191,7 @@ TEST(Protocol, EndsConnectionsAndTheProgramInOrder) {
   bench.client->toClient.clear();
   EXPECT_GT(bench.say("").size(), 1'000'000U);
 
-  EXPECT_EQ(bench.server.describe(), "1 client connected, last asked CONT:CAT?");
+  EXPECT_EQ(bench.server.describe(), "Remote control on here: 1 client connected, last asked CONT:CAT?");
   const auto last = bench.connect();
   bench.say(*last, "CONT:CLIC 'Exit1';:FREQ 800MHZ");
   EXPECT_TRUE(bench.screen.ended);

@@ -50,6 +50,7 @@ class FakeConnection : public Connection {
 
 struct FakeListener : Listener {
   explicit FakeListener(std::vector<std::unique_ptr<Connection>>& asks) : asking(asks) {}
+  [[nodiscard]] std::string address() const override { return "here"; }
   std::unique_ptr<Connection> accept() override {
     if (asking.empty()) return nullptr;
     auto first = std::move(asking.front());

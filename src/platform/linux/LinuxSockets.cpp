@@ -88,7 +88,10 @@ class TcpConnection : public Connection {
 
 class TcpListener : public Listener {
  public:
-  explicit TcpListener(Descriptor socket) : socket_(std::move(socket)) {}
+  TcpListener(Descriptor socket, std::string address)
+      : socket_(std::move(socket)), address_(std::move(address)) {}
+
+  [[nodiscard]] std::string address() const override { return address_; }
 
   std::unique_ptr<Connection> accept() override {
     Descriptor client = next();
@@ -111,6 +114,7 @@ class TcpListener : public Listener {
   static Descriptor spare() { return Descriptor(::open("/dev/null", O_RDONLY | O_CLOEXEC)); }
 
   Descriptor socket_;
+  std::string address_;
   Descriptor spare_ = spare();  // given up to turn a client away where no other is left
 };
 
@@ -166,7 +170,7 @@ Listening listenOn(const std::string& host, const std::string& port) {
     sockaddr_storage address{};
     socklen_t size = sizeof address;
     (void)::getsockname(socket.get(), reinterpret_cast<sockaddr*>(&address), &size);
-    return {std::make_unique<TcpListener>(std::move(socket)), textOf(address, size), isLoopback(address)};
+    return {std::make_unique<TcpListener>(std::move(socket), textOf(address, size)), isLoopback(address)};
   }
   throw Fault(what + errorName(error));
 }

@@ -12,7 +12,6 @@ namespace tessarine {
 
 struct Listening {
   std::unique_ptr<Listener> listener;
-  std::string address;     // "127.0.0.1:5025", "[::1]:5025"
   bool isLoopback = true;  // nobody beyond this computer reaches it
 };
 
