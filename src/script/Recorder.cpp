@@ -132,17 +132,13 @@ void Recorder::write(const std::string& command, const Control* typedInto) {
 }
 
 // The time that has passed in a modal form since its last line: the waits that it was opened in go on, so
-// there the script waits as well. Elsewhere it is left out, for the lines around the form too.
+// there the script waits as well. Elsewhere it is left out.
 void Recorder::passTime(Sequence& sequence) {
   const std::int64_t passed = time_.now() - sequence.since;
   sequence.since += passed;
-  if (passed == 0 || sequence.modal == nullptr) return;
-  if (sequence.isTimed) {
-    typed_ = nullptr;
-    insert(text_.size(), "wait " + millisecondText(passed) + '\n');
-    return;
-  }
-  for (Sequence& each : sequences_) each.begun += passed;
+  if (passed == 0 || !sequence.isTimed) return;
+  typed_ = nullptr;
+  insert(text_.size(), "wait " + millisecondText(passed) + '\n');
 }
 
 void Recorder::insert(std::size_t place, const std::string& line) {
@@ -160,6 +156,8 @@ void Recorder::changed(Control& control, forms::Aspect aspect) {
     time_.beginOpen();
     sequences_.push_back({.modal = &form, .isTimed = inWait, .since = time_.now()});
   } else if (!form.Visible && sequences_.back().modal == &form) {
+    // At the end of a script no action closes it.
+    if (!isInWait()) passTime(sequences_.back());
     time_.waitEnds();
     sequences_.pop_back();
   }

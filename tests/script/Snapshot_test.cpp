@@ -102,6 +102,23 @@ Outcome run(const std::string& script) {
           std::ranges::any_of(host.port.bytes(), isLevel) || std::ranges::any_of(host.usb.calls, isWord)};
 }
 
+TEST(Snapshot, GoesThereOnTheShortestWay) {
+  StandIn session;
+  const std::string way =
+      "click IOOption(1)\nclick ContinueCommand\nclick Parallel\nset ParallelForm.ParallelText 278\n"
+      "click ParallelForm.OKButton\npick ADF4251\nclick ACommand\nclick MRLabel(4)\nclick Option4(2)\n"
+      "pick ADF4113\nclick ACommand\nclick Sweep1\nset RefText 10\nset PrescalarText 8/9\nset StartText1 "
+      "900\n"
+      "click ACommand\nset Text40 /x y/z\nclick ACommand\n";
+  std::istringstream lines(way);
+  Interpreter({session.program.forms, session.program.door, session.screen, nullptr, session.unheard,
+               session.unheard},
+              lines, "way")
+      .run();
+  const std::string script = snapshot(session.program);
+  EXPECT_EQ(script.substr(script.find('\n') + 1), way);
+}
+
 // SESSIONS=10000 in the environment makes it as many.
 TEST(Snapshot, BringsBackTheSettingsOfAnySession) {
   const char* const asked = std::getenv("SESSIONS");

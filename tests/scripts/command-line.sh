@@ -69,7 +69,11 @@ check 'a recording' 0 "$word" '' "$program" --record session.script tune.script
 check 'what was typed is recorded' 0 1 '' grep -cx 'set VCOText 900' session.script
 check 'a recording nowhere' 2 "$word" '*none/x.script cannot be written*' "$program" --record none/x.script tune.script
 check 'a recording on a full disk' 2 "$word" '*cannot be written in full' "$program" --record /dev/full tune.script
-check 'a recording into a pipe' 0 "$(<session.script)" '' bash -c '"$1" --record >(cat) tune.script >/dev/null; wait $!' - "$program"
+# Into a pipe goes only what nothing is written in front of or in the place of any more.
+printf 'click ContinueCommand\nset VCOText 9\nset VCOText 90\nat 500 click Parallel\nclick Close1\nset VCOText 1\n' >waits.script
+"$program" --record waits.first waits.script
+check 'a recording into a pipe' 0 "$(<waits.first)" '' \
+  bash -c '"$1" --record >(cat) waits.script >/dev/null; wait $!' - "$program"
 
 # Lines come out one by one, while the script is still being typed.
 mkfifo typed
