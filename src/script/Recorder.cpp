@@ -1,7 +1,8 @@
 #include "script/Recorder.h"
 
+#include <algorithm>
 #include <ctime>
-#include <filesystem>
+#include <utility>
 
 #include "forms/FileControls.h"
 #include "platform/Platform.h"
@@ -96,15 +97,20 @@ void Recorder::begins(const Action& action) {
     write(command, isQuiet(action) ? &action.control : nullptr);
   }
   running_.push_back({sequences_.size() - 1, isLine});
+  tell();
 }
 
 void Recorder::ends() {
   const Running over = running_.back();
   running_.pop_back();
   if (over.isLine && over.sequence < sequences_.size()) sequences_[over.sequence].since = time_.now();
+  tell();
 }
 
-void Recorder::boardFault(std::string_view name) { write("board fault " + std::string(name), nullptr); }
+void Recorder::boardFault(std::string_view name) {
+  write("board fault " + std::string(name), nullptr);
+  tell();
+}
 
 void Recorder::write(const std::string& command, const Control* typedInto) {
   Sequence& sequence = sequences_.back();
@@ -144,7 +150,12 @@ void Recorder::passTime(Sequence& sequence) {
 void Recorder::insert(std::size_t place, const std::string& line) {
   text_.insert(place, line);
   ++version_;
-  if (onChange) onChange(place);
+  changedFrom_ = std::min(changedFrom_, place);
+}
+
+void Recorder::tell() {
+  const std::size_t from = std::min(std::exchange(changedFrom_, std::string::npos), text_.size());
+  if (onChange) onChange(from);
 }
 
 // Modal forms come and go.
@@ -158,6 +169,7 @@ void Recorder::changed(Control& control, forms::Aspect aspect) {
   } else if (!form.Visible && sequences_.back().modal == &form) {
     // At the end of a script no action closes it.
     if (!isInWait()) passTime(sequences_.back());
+    tell();
     time_.waitEnds();
     sequences_.pop_back();
   }

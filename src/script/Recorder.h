@@ -33,7 +33,7 @@ class Recorder final : public forms::DoorWatch, public forms::Observer {
   // How much of it will not change any more: actions in the waits of a line are written in front of it, and
   // typing goes on in the last line.
   [[nodiscard]] std::size_t settled() const;
-  // Called after each change, with where in the text it begins.
+  // Called after each change, with where in the text it begins, and when more of it is settled.
   std::function<void(std::size_t from)> onChange;
 
   void begins(const forms::Action& action) override;
@@ -58,12 +58,14 @@ class Recorder final : public forms::DoorWatch, public forms::Observer {
   void write(const std::string& command, const forms::Control* typedInto);
   void passTime(Sequence& sequence);
   void insert(std::size_t place, const std::string& line);
+  void tell();
 
   forms::FormList& forms_;
   forms::Operator& door_;
   WaitedTime& time_;
   std::string text_;
   std::uint64_t version_ = 0;
+  std::size_t changedFrom_ = std::string::npos;  // what is still to be told
   std::vector<Sequence> sequences_;
   std::vector<Running> running_;
   // The field that the last line typed into, if the next text may take that line's place.
