@@ -56,8 +56,13 @@ desktop::ScriptEnd ScriptPlayer::play(const std::string& text, const std::string
   desktop_.operateModal = [this](forms::Form& form) {
     if (operateModal) operateModal(form);
   };
-  desktop_.answer = [&out](const std::string& message, Icon icon, const std::string& title) {
-    out << script::messageLine(message, icon, title) << std::flush;
+  std::string told;
+  desktop_.answer = [&](const std::string& message, Icon icon, const std::string& title) {
+    out << script::messageLine(message, icon, title);
+    // What would stand under it is told once.
+    const std::string more = desktop_.remark ? desktop_.remark(message) : std::string();
+    if (!more.empty() && more != told) out << (told = more) << '\n';
+    out << std::flush;
     return true;
   };
   if (board_ && text.find("latches") != std::string::npos) link_.board().collectLatches();

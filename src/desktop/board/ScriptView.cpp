@@ -47,9 +47,9 @@ ScriptView::ScriptView(ScriptFeed feed, const Saving& saving) : feed_(std::move(
   for (QPlainTextEdit* const edit : {&text_, &printed_}) {
     edit->setReadOnly(true);
     edit->setFont(fixed);
-    edit->setLineWrapMode(QPlainTextEdit::NoWrap);
     edit->setTabChangesFocus(true);
   }
+  text_.setLineWrapMode(QPlainTextEdit::NoWrap);
   text_.setObjectName(QStringLiteral("scriptText"));
   text_.setAccessibleName(QStringLiteral("Script"));
   printed_.setObjectName(QStringLiteral("scriptPrinted"));
