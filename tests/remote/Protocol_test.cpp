@@ -42,6 +42,7 @@ TEST(Protocol, RepliesAndRefuses) {
        "-224 -221 -224 -221 "},
       {"SWE:MODE STEP;DEL 1;PREV;:SET:FRAC 'x';:LOAD:INIT;:MOD 'LMX2306';:SET:BAND 'x'", "",
        "-221 -221 -221 -221 -221 "},
+      {"SET:BAND 'x';BAND?;:CONT:VIS? 'Frame11';VAL? 'ACommand'", "\"x\";0;\"Advanced\"", ""},
       {";;  ; *IDN? ;\t;", "Tessarine,tessarine-virtual,0,1.1.0", ""},
       {"\x01\xff\x80;*OPC?\r", "1", "-113 "},
       {large.c_str(), "", "-363 "},
@@ -127,10 +128,13 @@ TEST(Protocol, HasCommandsWaitForThoseOfOthersThatAreUnderWay) {
   RemoteBench bench;
   bench.setUp();
   const auto other = bench.connect();
-  bench.sayAt(10, *other, "FREQ?\nMOD 'LMX2306'\nMOD?;:SWE:FREQ:STAR?");
-  bench.screen.at(20, [&] { EXPECT_EQ(other->toClient, "900000000\n"); });
+  bench.sayAt(10, *other, "FREQ?\nSWE:FREQ:STAR 901MHZ;STAR?\nMOD 'LMX2306';MOD?");
+  bench.screen.at(20, [&] {
+    EXPECT_EQ(other->toClient, "900000000\n");
+    EXPECT_FALSE(bench.server.hasWork()) << "it would be begun over and over";
+  });
   EXPECT_EQ(bench.say("*RST;MOD?"), "\"\"\n");
-  EXPECT_EQ(other->toClient, "900000000\n\"LMX2306\";900000000\n");
+  EXPECT_EQ(other->toClient, "900000000\n901000000\n\"LMX2306\"\n");
 }
 
 TEST(Protocol, GivesTheMessagesOfActionsToWhoseTheyAre) {
@@ -186,12 +190,14 @@ TEST(Protocol, EndsConnectionsAndTheProgramInOrder) {
   // One that does not read is not served without end.
   bench.client->reads = false;
   for (int i = 0; i < 100; ++i) bench.say("CONT:CAT?");
+  bench.say("MOD?");
   EXPECT_FALSE(bench.server.hasWork());
+  EXPECT_EQ(bench.server.describe(), "Remote control on here: 1 client connected, last asked CONT:CAT?");
   bench.client->reads = true;
   bench.client->toClient.clear();
   EXPECT_GT(bench.say("").size(), 1'000'000U);
 
-  EXPECT_EQ(bench.server.describe(), "Remote control on here: 1 client connected, last asked CONT:CAT?");
+  EXPECT_EQ(bench.server.describe(), "Remote control on here: 1 client connected, last asked MOD?");
   const auto last = bench.connect();
   bench.say(*last, "CONT:CLIC 'Exit1';:FREQ 800MHZ");
   EXPECT_TRUE(bench.screen.ended);
