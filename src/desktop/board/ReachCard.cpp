@@ -90,7 +90,7 @@ void ReachCard::take(const board::Reach& reach) {
 void ReachCard::takeResult(const board::Reach& reach) {
   const Signs signs(palette());
   const bool refused = !reach.refused.empty();
-  setTextIfNew(state_, refused     ? QStringLiteral("A load would send nothing new")
+  setTextIfNew(state_, refused     ? QStringLiteral("A load would be refused")
                        : reach.met ? QStringLiteral("Met")
                                    : QStringLiteral("Not met"));
   setInk(state_, reach.met ? signs.good : signs.bad);
