@@ -89,7 +89,10 @@ bool Bench::shows(const char* name) {
 
 void Bench::click(const std::string& name) {
   auto* const widget = find(name);
-  if (!widget->isVisible()) ADD_FAILURE() << name << " is not visible";
+  const QPoint middle = widget->mapTo(widget->window(), widget->rect().center());
+  const QWidget* const top = widget->window()->childAt(middle);
+  if (!widget->isVisible() || !top || (top != widget && !widget->isAncestorOf(top)))
+    ADD_FAILURE() << name << " is hidden or covered";
   QTest::mouseClick(widget, Qt::LeftButton);
 }
 
@@ -128,6 +131,7 @@ void Bench::answerMessage(std::string& text) {
     auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     if (!box) return;
     text = box->text().toStdString();
+    EXPECT_EQ(box->windowModality(), Qt::WindowModal) << "the board's window goes on";
     timer->deleteLater();
     timer->stop();
     QTest::keyClick(box, Qt::Key_Return);

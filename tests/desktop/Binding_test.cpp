@@ -139,6 +139,19 @@ TEST_F(Binding, HandsEachActionOfTheOperatorOverOnce) {
   press("Combo", Qt::Key_Down);
   EXPECT_THAT(form.takeNotes(), ElementsAre("Combo 4/5"));
 
+  press("Options(0)", Qt::Key_Down);
+  press("Options(1)", Qt::Key_Up);
+  EXPECT_THAT(form.takeNotes(), ElementsAre("Options(1) 1", "Options(0) 1")) << "an arrow key chooses";
+  for (const char* const focused : {"Field", "Drop"}) {
+    find(focused)->setFocus();
+    const QPoint middle = find("Drop")->rect().center();
+    QWheelEvent wheel(middle, find("Drop")->mapToGlobal(middle), {}, {0, -120}, Qt::NoButton, Qt::NoModifier,
+                      Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(find("Drop"), &wheel);
+    EXPECT_EQ(form.Drop.ListIndex == 0, find("Drop")->hasFocus()) << "the wheel turns what has the focus";
+  }
+  form.takeNotes();
+
   press("Bits(0)", Qt::Key_Space);
   QTest::mouseClick(find("Bits(1)"), Qt::LeftButton);
   EXPECT_THAT(form.takeNotes(), ElementsAre("Bits(0) 1", "Bits(1) 0"));

@@ -42,9 +42,20 @@ using Words = std::vector<std::string>;
 
 // ---------------------------------------------------------------------------------------------- The chip
 
+// Which of the two colours of a lock it shows: "good", "bad", both or none.
+std::string lockColors(QWidget* widget) {
+  const QImage picture = widget->grab().toImage();
+  std::set<QRgb> colors;
+  for (int y = 0; y < picture.height(); ++y)
+    for (int x = 0; x < picture.width(); ++x) colors.insert(picture.pixel(x, y));
+  return std::string(colors.contains(qRgb(0x1d, 0x7f, 0x48)) ? "good" : "") +
+         (colors.contains(qRgb(0xb3, 0x33, 0x2c)) ? "bad" : "");
+}
+
 TEST(ChipView, TellsWhatTheChipMakesOfALoad) {
   BoardDesk desk;
   desk.pick("ADF4113");
+  for (const char* const sign : {"lockSign", "lock"}) EXPECT_EQ(lockColors(desk.find(sign)), "bad") << sign;
   EXPECT_EQ(desk.label("lock"), "Not locked");
   EXPECT_EQ(desk.label("reason"),
             "R register never loaded\nN register never loaded\nfunction register never loaded");
@@ -53,6 +64,7 @@ TEST(ChipView, TellsWhatTheChipMakesOfALoad) {
 
   desk.load();
   EXPECT_FALSE(desk.find("reason")->isVisible());
+  for (const char* const sign : {"lockSign", "lock"}) EXPECT_EQ(lockColors(desk.find(sign)), "good") << sign;
   for (const auto& [name, text] : {std::pair{"boardChip", "ADF4113"},
                                    {"lock", "Locked"},
                                    {"output", "900.000000 MHz"},
@@ -84,6 +96,9 @@ TEST(ChipView, EachFaultOfTheBoardShows) {
   EXPECT_EQ(faults->currentText(), "reference missing");
   EXPECT_EQ(desk.label("reason"), "no reference");
   EXPECT_EQ(desk.label("output"), "none");
+  desk.show(kFrequency);
+  EXPECT_EQ(lockColors(desk.find("frequencyPlot")), "goodbad") << "the strip keeps what was";
+  desk.show(kChip);
   choose(0);
   EXPECT_EQ(desk.label("lock"), "Locked");
 

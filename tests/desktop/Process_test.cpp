@@ -8,11 +8,14 @@
 #include <QProcess>
 #include <QScreen>
 #include <QTest>
+#include <csignal>
 #include <fstream>
 #include <iostream>
 #include <iterator>
 #include <sstream>
 #include <string>
+
+#include "desktop/Signals.h"
 
 namespace tessarine::desktop {
 namespace {
@@ -77,6 +80,21 @@ TEST_F(Process, ShowsSoonStaysSmallAndIdles) {
   EXPECT_GT(before, 0);
   QTest::qWait(2000);
   EXPECT_LE(ticks() - before, 1) << "an idle window costs no processor time";
+}
+
+TEST(Signals, AreAskedForOnceAndThenEndAsTheyDid) {
+  static int plain = 0;
+  const auto before = std::signal(SIGTERM, [](int) { ++plain; });
+  int asked = 0;
+  {
+    const Signals signals([&] { ++asked; });
+    std::raise(SIGTERM);
+    EXPECT_EQ(plain, 0);
+    std::raise(SIGTERM);
+    EXPECT_EQ(plain, 1);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return asked == 1; }));
+  }
+  std::signal(SIGTERM, before);
 }
 
 TEST_F(Process, EndsOrderlyOnASignal) {

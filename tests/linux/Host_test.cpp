@@ -68,10 +68,19 @@ TEST(LinuxHost, DrivesAreTheRootAndTheMountedVolumes) {
                         "/dev/loop3 /snap/core/1 squashfs ro 0 0\n"
                         "/dev/sdb1 /media/ann/USB\\040STICK vfat rw 0 0\n"
                         "/dev/sdb1 /media/ann/USB\\040STICK vfat rw 0 0\n"
+                        "/dev/loop4 /opt/image squashfs ro 0 0\n"
+                        "/dev/sda4 /etc/hosts ext4 rw 0 0\n"
+                        "tmpfs /run/media/ann/RAM tmpfs rw 0 0\n"
+                        "tmpfs /mnt/a tmpfs rw 0 0\n"
                         "server:/lab /lab nfs4 rw 0 0\n"
+                        "//server/b /b cifs rw 0 0\n"
+                        "//server/c /c smb3 rw 0 0\n"
+                        "ann@server: /d fuse.sshfs rw 0 0\n"
+                        "share /e 9p rw 0 0\n"
                         "/dev/sda3 /home ext4 rw 0 0\n"
                         "torn line\n"),
-              ElementsAre("/", "/media/ann/USB STICK", "/lab", "/home"));
+              ElementsAre("/", "/media/ann/USB STICK", "/run/media/ann/RAM", "/mnt/a", "/lab", "/b", "/c",
+                          "/d", "/e", "/home"));
   EXPECT_THAT(LinuxHost({}, "/nowhere").drives(), ElementsAre("/"));
 }
 
@@ -135,13 +144,16 @@ Ending endingOf(const std::function<std::string()>& leave, const std::function<v
 std::string sayLeft() { return "left"; }
 
 TEST(LeaveOnSignal, BringsTheHardwareToRestAndEndsAsTheSignalDoes) {
-  for (const int number : {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGPIPE, SIGABRT}) {
+  for (const int number :
+       {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGPIPE, SIGABRT, SIGBUS, SIGFPE, SIGILL, SIGSEGV}) {
+    const auto before = std::signal(number, SIG_DFL);  // a sanitizer has its own
     const Ending ending = endingOf(sayLeft, [&] {
       std::raise(number);
       ::sleep(20);
     });
     EXPECT_EQ(ending.said, "left") << number;
     EXPECT_TRUE(WIFSIGNALED(ending.status) && WTERMSIG(ending.status) == number) << number;
+    std::signal(number, before);
   }
 }
 

@@ -192,6 +192,7 @@ TEST_F(Parallel, ARepairedPortWorksWithoutARestart) {
   EXPECT_EQ(kernel.at(kData), 3);
   EXPECT_EQ(host.whyNotOpen(), "");
 
+  kernel.now += 5;
   kernel.broken = true;
   const std::string sentence = faultOf([&] { write(kData, 1); });
   EXPECT_THAT(sentence, StartsWith("Parallel port 378 failed: Input/output error. "));

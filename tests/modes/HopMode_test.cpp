@@ -30,14 +30,15 @@ struct HopBench : ProgramBench {
 
 TEST(HopMode, SendsEachPassTwiceAndCountsDown) {
   HopBench bench;
+  bench.set("VcoText1", "900.000000125");  // shown with all that was typed
   Texts texts;
   for (const int ms : {100, 260, 420, 580})
     bench.host.screen.at(ms, [&] { texts.push_back(bench.value("Label8")); });
   bench.click("StartHop");
   EXPECT_EQ(bench.sent(), (Texts{"900", "1000", "900", "1000"}));
-  EXPECT_EQ(texts, (Texts{"Current Hop: \r\n 2\r\n\r\nFrequency:\r\n900 MHz",
+  EXPECT_EQ(texts, (Texts{"Current Hop: \r\n 2\r\n\r\nFrequency:\r\n900.000000125 MHz",
                           "Current Hop \r\n 2\r\n\r\nFrequency:\r\n1000 MHz",
-                          "Current Hop: \r\n 1\r\n\r\nFrequency:\r\n900 MHz",
+                          "Current Hop: \r\n 1\r\n\r\nFrequency:\r\n900.000000125 MHz",
                           "Current Hop \r\n 1\r\n\r\nFrequency:\r\n1000 MHz"}));
   EXPECT_EQ(bench.milliseconds(), 4 * (60 + 100));
   EXPECT_EQ(bench.value("Label8"), kEnded);

@@ -69,8 +69,13 @@ TEST(SweepMode, StepButtonsHaveExactLimitsAndTheirOwnText) {
   bench.click("NextCommand");
   bench.click("NextCommand");
   EXPECT_EQ(bench.sends(), 2U) << "at the stop frequency";
+  bench.set("StepText1", "500");
+  bench.set("StopText1", "1001");
+  bench.click("StartSweepCommand");
+  for (const char* const button : {"NextCommand", "PrevCommand"}) bench.click(button);
+  EXPECT_EQ(bench.value("Label15"), " Current Freq                 1000") << "back at the start";
   bench.set("CompText", "1");
-  bench.click("PrevCommand");
+  bench.click("NextCommand");
   EXPECT_EQ(bench.pll.Fcomp, 100) << "the step buttons read no panel";
 }
 

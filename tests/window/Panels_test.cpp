@@ -1,6 +1,7 @@
 #include <cstddef>
 #include <string>
 #include <tuple>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -200,6 +201,17 @@ TEST(Panels, OpenAndCloseWithTheirQuirks) {
   EXPECT_FALSE(visibleAfter("Label76", "Frame24"));
   EXPECT_TRUE(visibleAfter("ACommand", "Frame24"));
   EXPECT_FALSE(visibleAfter("ACommand", "Frame24"));
+}
+
+TEST(Panels, CloseLeavesNoneOfThemOpen) {
+  for (const auto& [model, panel] :
+       {std::pair{"ADF4113", "Frame11"}, {"ADF4252", "Frame12"}, {"ADF4153", "Frame13"}}) {
+    ProgramBench bench(model);
+    bench.click("ACommand");
+    EXPECT_TRUE(bench.visible(panel));
+    bench.click("Close1");
+    EXPECT_FALSE(bench.visible(panel)) << panel;
+  }
 }
 
 TEST(Panels, ImmediateSettingsActAtOnce) {
