@@ -52,19 +52,6 @@ TEST(ADF4193, RatioOnThePanelWay) {
   }
 }
 
-TEST(ADF4193, EachBitOfThePanelReachesItsPlace) {
-  ADF4193Bench bench;
-  PLL& pll = bench.pll;
-  pll.R1_CP = pll.R1_DoublerEnable = "1", pll.R2_PhaseValue = "100000000001";
-  pll.R3_CPO = "1", pll.R3_PFD = "0";
-  pll.R5_PDDiffAmp = "10", pll.R5_PDChargePump = "0", pll.R5_CP3State = "1", pll.R5_CounterReset = "0";
-  pll.R6_SigmaDelte = "1000", pll.R6_MuxOut = "1000";
-  bench.calculate();
-  const Words words = bench.words();
-  EXPECT_EQ((Words{words[1], words[2], words[3], words[7], words[8]}),
-            "D90821/24 400A/16 63/16 95/8 8046/16"_w);
-}
-
 TEST(ADF4193, AFileOverrulesThePanel) {
   ADF4193Bench bench;
   bench.useFracFile();
