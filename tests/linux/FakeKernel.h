@@ -6,6 +6,7 @@
 #include <sys/ioctl.h>
 
 #include <cerrno>
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <map>
@@ -48,6 +49,9 @@ class FakeKernel : public Kernel {
   }
   // The system calls since the last time, one text each: "open /dev/parport0", "PPWDATA 2F", "pwrite 378 2F".
   [[nodiscard]] std::vector<std::string> taken() { return std::exchange(calls_, {}); }
+
+  // How many nodes are open.
+  [[nodiscard]] std::size_t opened() const { return open_.size(); }
 
   int open(const std::string& path, int) override {
     calls_.push_back("open " + path);

@@ -43,6 +43,7 @@ struct GpioKernel : FakeKernel {
     return descriptor;
   }
   void close(int descriptor) override {
+    FakeKernel::close(descriptor);
     if (lines_[descriptor].empty() || requested.erase(descriptor) != 0) calls.emplace_back("give back");
   }
   int ioctl(int descriptor, unsigned long request, void* argument) override {

@@ -170,6 +170,7 @@ TEST_F(Usb, EachObstacleIsNamedWithTheLineToType) {
     EXPECT_THAT(told, StartsWith(obstacle.sentence));
     EXPECT_TRUE(isInTheManual(told)) << told;
     EXPECT_EQ(shiftFault(), told);
+    EXPECT_EQ(kernel.opened(), 0U);
     plug("1-2", "6010", "4");
     module.openResult = 0;
     EXPECT_EQ(shiftFault(), "no fault") << "set right: the next command opens it";
