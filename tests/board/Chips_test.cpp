@@ -201,6 +201,9 @@ TEST(Chips, NoteWhatTheyCannotFollow) {
     std::vector<std::string> notes;
   } cases[] = {
       {"ADF4110", 10, kSet4113, {above550}},
+      {"ADF4110", 10, with(kSet4113, 2, 0x015719), {}},  // at 550 MHz
+      {"UMC", 20, kSetUmc, {"the ref register says 10 MHz, the crystal has 20 MHz"}},
+      {"UMC", 10, with(kSetUmc, 4, 90'000), {"the output is above the stop frequency, 2000 MHz"}},
       // Nothing is known of the counters of the one, nor of the least INT of the others.
       {"ADF4110", 20, kSet4113, {above550}},
       {"ADF4153", 10, with(with(kSet4153, 3, 0x0780C8), 2, 0x1040C9), {}},

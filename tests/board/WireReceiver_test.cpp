@@ -24,6 +24,16 @@ TEST(WireReceiver, BitsAreTakenAtTheRisingClockEdgeOnly) {
   EXPECT_EQ(receiver.shiftRegister(), 0b10U);
 }
 
+TEST(WireReceiver, KeepsTheLastBitsAloneWhereLoadEnableNeverRises) {
+  WireReceiver receiver;
+  for (int i = 0; i < 70'000; ++i) {
+    receiver.drive({.clock = true, .data = i == 69'999});
+    receiver.drive({});
+  }
+  EXPECT_LE(receiver.bits().size(), 65'536U);
+  EXPECT_TRUE(receiver.bits().ends_with("01"));
+}
+
 TEST(WireReceiver, LoadEnableThatIsHighAlreadyGivesNoNewPulse) {
   WireReceiver receiver;
   const std::pair<Levels, bool> steps[] = {{{.loadEnable = true}, true},

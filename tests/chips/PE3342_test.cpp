@@ -30,6 +30,9 @@ TEST(PE3342, AFieldOfTheWrongLengthIsRefused) {
   bench.pll.Rstr = "100011", bench.pll.MStr = "01011010", bench.pll.Astr = "0010";
   EXPECT_EQ(faultOf([&] { bench.pll.Set_PE3342(); }),
             "The field M of the PE3342 has 8 bits where it needs 9");
+  bench.pll.MStr = "010110100", bench.pll.Astr = "001";
+  EXPECT_EQ(faultOf([&] { bench.pll.Set_PE3342(); }),
+            "The field A of the PE3342 has 3 bits where it needs 4");
   EXPECT_EQ(bench.pll.Rstr, "100011");
   EXPECT_TRUE(bench.host.port.accesses.empty());
 }
