@@ -5,6 +5,7 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QMessageBox>
+#include <QScrollArea>
 #include <QTimer>
 #include <chrono>
 #include <cmath>
@@ -89,6 +90,8 @@ bool Bench::shows(const char* name) {
 
 void Bench::click(const std::string& name) {
   auto* const widget = find(name);
+  for (QWidget* in = widget; in; in = in->parentWidget())
+    if (auto* const area = qobject_cast<QScrollArea*>(in)) area->ensureWidgetVisible(widget);
   const QPoint middle = widget->mapTo(widget->window(), widget->rect().center());
   const QWidget* const top = widget->window()->childAt(middle);
   if (!widget->isVisible() || !top || (top != widget && !widget->isAncestorOf(top)))
