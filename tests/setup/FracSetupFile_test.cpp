@@ -81,12 +81,18 @@ TEST(FracSetupFile, FewerThan64PhasesWarnAndServe) {
   } cases[] = {{63, true, 64}, {64, false, 65}, {0, true, 101}};
   for (const auto& c : cases) {
     SetupBench bench("FRAC\n" + bodyOf(100));
+    PLL& pll = bench.pll;
+    pll.PFDFromFile = 7, pll.ModFromFile = pll.ICPFromFile = pll.SW12FromFile = pll.SW3FromFile = 7;
     bench.pll.UpdateSetup_Frac();
     bench.file.write("$P= 9 FRAC\n" + bodyOf(c.lines));
     bench.pll.UpdateSetup_Frac();
     EXPECT_EQ(bench.host.screen.messages, c.warned ? kWarning : std::vector<Message>{}) << c.lines;
     EXPECT_EQ(PLLProbe::phaseTable(bench.pll).size(), c.table) << c.lines;
     EXPECT_EQ(bench.pll.PreScalarFromFile, 9);
+    EXPECT_EQ((std::vector{pll.ModFromFile, pll.ICPFromFile, pll.SW12FromFile, pll.SW3FromFile}),
+              std::vector<Integer>(4, 7))
+        << "what the file does not name stays";
+    EXPECT_EQ(pll.PFDFromFile, 7);
   }
 }
 

@@ -162,6 +162,10 @@ TEST(Panels, ImmediateSettingsActAtOnce) {
   EXPECT_EQ(bench.value("Option4(0)"), "0");
   bench.click("CRLabel(5)");
   EXPECT_EQ(bench.value("Option4(0)"), "1") << "any control bit selects the noise and spur option";
+  for (const char* const option : {"Option4(1)", "Option4(2)"}) {
+    bench.click(option);
+    EXPECT_EQ(bench.value(option), "1");
+  }
 }
 
 TEST(Panels, ValueBeyond16BitsIsOneMessageThatNamesItsField) {
