@@ -24,7 +24,7 @@ void PLL::ShiftOut(const String& Word) {
     return;
   }
   // A copy: a port that is retried lets events run, and these may rebuild the member that Word refers to.
-  const String bits = Word;
+  const String bits = Word;  // NOLINT(performance-unnecessary-copy-initialization)
   PortLines port(module_);
   port.write(0);
   for (auto bit = bits.rbegin(); bit != bits.rend(); ++bit) {
