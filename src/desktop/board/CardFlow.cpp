@@ -68,7 +68,10 @@ void CardFlow::resizeEvent(QResizeEvent* event) {
 
 // A longer text may need another order.
 bool CardFlow::eventFilter(QObject* watched, QEvent* event) {
-  if (event->type() == QEvent::LayoutRequest) flow();
+  if (event->type() == QEvent::LayoutRequest) {
+    flow();
+    updateGeometry();
+  }
   return QScrollArea::eventFilter(watched, event);
 }
 

@@ -59,6 +59,7 @@ void ReachCard::addSuggestion(Suggestion& suggestion, const QString& name, const
   button.setCursor(Qt::PointingHandCursor);
   button.setAccessibleName(name);
   suggestion.caption = &addRow(name, button);
+  suggestion.caption->setWordWrap(true);
   connect(&button, &QPushButton::clicked, this, [this, &suggestion] {
     QGuiApplication::clipboard()->setText(suggestion.typed);
     setTextIfNew(copied_,
