@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "board/BoardBench.h"
+#include "board/Describe.h"
 
 namespace tessarine::board {
 namespace {
@@ -74,6 +75,7 @@ TEST(EvaluationBoard, RecordsTheFrequencyOnlyWhenItChanges) {
   saveCsv(bench.board().history(), csv);
   EXPECT_EQ(csv.str(),
             "time_s,output_MHz,locked\n0.030000,900.000000,1\n0.130000,900.200000,1\n1.140000,,0\n");
+  EXPECT_TRUE(describeBoard(bench.board()).ends_with("history\t3 changes\t900.000000 MHz\t900.200000 MHz\n"));
 }
 
 TEST(EvaluationBoard, TheLastLoadIsWhatCameSinceTheLastPause) {
