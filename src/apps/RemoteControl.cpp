@@ -28,7 +28,7 @@ RemoteControl::RemoteControl(const ProgramKind& kind, const Options& options)
   Listening listening = listenAt(options.serve);
   if (!listening.isLoopback) {
     std::cerr << kind.name << ": anybody who reaches " << listening.listener->address()
-              << " over the network can work this bench: there is no password, and nothing is encrypted"
+              << " over the network can work this board: there is no password, and nothing is encrypted"
               << std::endl;
   }
   std::cout << "serving\t" << listening.listener->address() << std::endl;
@@ -44,7 +44,7 @@ std::unique_ptr<remote::Server> RemoteControl::connect(Program& program, BoardLi
   link.listen();
   const bool hasPin = options_.board == BoardKind::gpio;
   return std::make_unique<remote::Server>(
-      remote::Bench{
+      remote::Instrument{
           .program = program,
           .board = link.board(),
           .name = kind_.name,

@@ -82,12 +82,12 @@ void Call::enter(Mode mode) const {
   click(*entries[static_cast<std::size_t>(mode)]);
 }
 
-void perform(const Bench& bench, Hands& hands, Session& session, const Command& command) {
+void perform(const Instrument& instrument, Hands& hands, Session& session, const Command& command) {
   const Header& header = headerOf(command.header);
   const std::vector<std::string>& parameters = command.parameters;
   if (parameters.size() < header.takes.size()) throw Refused{-109};
   if (parameters.size() > header.takes.size()) throw Refused{-108};
-  Call call{bench, hands, session, header.field, {}};
+  Call call{instrument, hands, session, header.field, {}};
   for (std::size_t i = 0; i < parameters.size(); ++i) {
     call.arguments.push_back(argumentOf(parameters[i], header.takes[i]));
   }

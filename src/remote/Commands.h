@@ -16,7 +16,7 @@
 namespace tessarine::remote {
 
 // What the commands work on. All of it outlives them.
-struct Bench {
+struct Instrument {
   Program& program;
   const board::EvaluationBoard& board;
   std::string name;                    // of the program
@@ -44,13 +44,13 @@ struct Argument {
 
 // A command that is carried out, with its parameters as they were asked for.
 struct Call {
-  const Bench& bench;
+  const Instrument& instrument;
   Hands& hands;
   Session& session;
   const Field* field;
   std::vector<Argument> arguments;
 
-  [[nodiscard]] PllForm1& window() const { return bench.program.window; }
+  [[nodiscard]] PllForm1& window() const { return instrument.program.window; }
   // Until "Continue" was clicked.
   [[nodiscard]] bool isOnFirstScreen() const { return !window().ACommand.Enabled; }
   void click(forms::Control& control) const { hands.click(session, control); }
@@ -72,6 +72,6 @@ struct Header {
 [[nodiscard]] const std::vector<Header>& headers();
 
 // Carries out one command of a client; throws Refused.
-void perform(const Bench& bench, Hands& hands, Session& session, const Command& command);
+void perform(const Instrument& instrument, Hands& hands, Session& session, const Command& command);
 
 }  // namespace tessarine::remote

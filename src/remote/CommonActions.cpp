@@ -16,7 +16,9 @@ int byteOf(const Argument& argument) {
 
 }  // namespace
 
-void identify(const Call& call) { call.reply("Tessarine," + call.bench.name + ",0," + applicationVersion()); }
+void identify(const Call& call) {
+  call.reply("Tessarine," + call.instrument.name + ",0," + applicationVersion());
+}
 
 void clearStatus(const Call& call) { call.session.clear(); }
 
@@ -68,7 +70,7 @@ void choosePort(const Call& call) {
 }
 
 void tellPort(const Call& call) {
-  call.reply(call.isOnFirstScreen() ? "NONE" : call.bench.program.module.PortType);
+  call.reply(call.isOnFirstScreen() ? "NONE" : call.instrument.program.module.PortType);
 }
 
 }  // namespace tessarine::remote

@@ -11,11 +11,11 @@ constexpr int kMostCommands = 32;
 
 }  // namespace
 
-Server::Server(Bench bench, ClientScreen& screen, std::unique_ptr<Listener> listener)
-    : bench_(std::move(bench)),
+Server::Server(Instrument instrument, ClientScreen& screen, std::unique_ptr<Listener> listener)
+    : instrument_(std::move(instrument)),
       screen_(screen),
-      hands_(bench_.program.forms, bench_.program.door,
-             {&bench_.program.window.StartHop, &bench_.program.window.StartSweepCommand(0)}),
+      hands_(instrument_.program.forms, instrument_.program.door,
+             {&instrument_.program.window.StartHop, &instrument_.program.window.StartSweepCommand(0)}),
       listener_(std::move(listener)) {
   screen_.follow(&hands_);
 }
@@ -72,7 +72,7 @@ void Server::acceptAll() {
     auto client = std::make_shared<Client>(std::move(connection), hands_,
                                            [this](Session& session, const Command& command) {
                                              last_ = session.lastCommand();
-                                             perform(bench_, hands_, session, command);
+                                             perform(instrument_, hands_, session, command);
                                            });
     client->session.onRelease = [this] {
       if (woken) woken();

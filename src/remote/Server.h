@@ -21,7 +21,7 @@ class Server final : public EventSource {
   static constexpr std::size_t kMostClients = 64;  // more wait until one of them leaves
 
   // What clients do shows on `screen`, which the program was made with.
-  Server(Bench bench, ClientScreen& screen, std::unique_ptr<Listener> listener);
+  Server(Instrument instrument, ClientScreen& screen, std::unique_ptr<Listener> listener);
   ~Server() override;
   Server(const Server&) = delete;
   Server& operator=(const Server&) = delete;
@@ -49,7 +49,7 @@ class Server final : public EventSource {
   void carryOut(Client& client);
   void forgetTheGone();
 
-  Bench bench_;
+  Instrument instrument_;
   ClientScreen& screen_;
   Hands hands_;
   std::unique_ptr<Listener> listener_;

@@ -101,19 +101,19 @@ void initialize(const Call& call) {
 
 void tellOutput(const Call& call) {
   constexpr double kHzPerMHz = 1e6;
-  const std::optional<double> output = call.bench.board.tuning().outputMHz;
+  const std::optional<double> output = call.instrument.board.tuning().outputMHz;
   call.reply(output ? plainText(*output * kHzPerMHz) : kNoValue);
 }
 
 void tellLock(const Call& call) {
-  const bool readsPin = call.bench.readsLockPin && call.bench.readsLockPin();
-  call.replyFlag(readsPin ? call.bench.program.module.platform.usb.UsbReadPin("A3") == 1
-                          : call.bench.board.tuning().locked());
+  const bool readsPin = call.instrument.readsLockPin && call.instrument.readsLockPin();
+  call.replyFlag(readsPin ? call.instrument.program.module.platform.usb.UsbReadPin("A3") == 1
+                          : call.instrument.board.tuning().locked());
 }
 
 void listRegisters(const Call& call) {
   std::vector<std::string> names;
-  if (const board::Chip* const chip = call.bench.board.chip()) {
+  if (const board::Chip* const chip = call.instrument.board.chip()) {
     for (const board::Register& spec : chip->map().registers) names.emplace_back(spec.name);
   }
   call.reply(quotedList(names));
@@ -121,7 +121,7 @@ void listRegisters(const Call& call) {
 
 void tellRegister(const Call& call) {
   const std::string& name = call.arguments.front().text;
-  const board::Chip* const chip = call.bench.board.chip();
+  const board::Chip* const chip = call.instrument.board.chip();
   const board::Register* const spec = registerNamed(chip, name);
   if (spec == nullptr) throw Refused{-224, "there is no register " + shown(name)};
   const auto word = chip->word(static_cast<std::size_t>(spec - chip->map().registers.data()));

@@ -47,7 +47,13 @@ PortTable::Opener driverWay(Kernel& kernel, Notice notice) {
 }
 
 PortTable::Opener rawWay(Kernel& kernel) {
-  return [&kernel](std::uint16_t base) { return RawPort::open(kernel, base); };
+  return [&kernel](std::uint16_t base) -> std::unique_ptr<OpenPort> {
+    if constexpr (RawPort::kExists) {
+      return RawPort::open(kernel, base);
+    } else {
+      throw Fault(advice::noPortInstructions(base));
+    }
+  };
 }
 
 }  // namespace tessarine
