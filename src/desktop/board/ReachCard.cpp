@@ -97,10 +97,12 @@ void ReachCard::takeResult(const board::Reach& reach) {
   setInk(state_, reach.met ? signs.good : signs.bad);
   setTextIfNew(refusal_, text(reach.refused));
   refusal_.setVisible(refused);
-  const auto output = refused ? std::nullopt : reach.tuning.outputMHz;
+  const bool runs = !refused && reach.tuning.outputMHz;
   showLine(asked_, refused ? QString() : megahertzText(reach.askedMHz));
-  showLine(output_, refused ? QString() : output ? megahertzText(*output) : QStringLiteral("none"));
-  showLine(offset_, output && !reach.met
+  showLine(output_, refused ? QString()
+                    : runs  ? megahertzText(*reach.tuning.outputMHz)
+                            : QStringLiteral("none"));
+  showLine(offset_, runs && !reach.met
                         ? signedText(reach.offsetHz, 1, " Hz\n") + signedText(reach.offsetPpm(), 3, " ppm")
                         : QString());
   setInk(offset_.value, signs.bad);
