@@ -129,7 +129,7 @@ def main():
         tune.open_bench(port).write("CONT:CLIC 'Exit1'")
         assert program.wait(10) == 0, program.returncode
         # Sanitizers have words of their own there.
-    assert program.stderr.read() == "" or not MEASURED
+        assert program.stderr.read() == "" or not MEASURED
 
         program, address = start("--serve", "0.0.0.0:0")
         assert "no password" in program.stderr.readline() and address.startswith("0.0.0.0:")
