@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "board/ChipMap.h"
+#include "engine/ChipType.h"
 #include "engine/Numbers.h"
 #include "engine/PLL.h"
 #include "engine/Rounding.h"
@@ -31,7 +32,7 @@ void forField(const forms::Label& prompt, Read&& read) {
   try {
     read();
   } catch (const Fault& fault) {
-    throw Fault(std::string(fault.what()) + " (\"" + prompt.Caption.get() + "\")");
+    throw withPrompt(fault, prompt.Caption);
   }
 }
 
@@ -48,10 +49,7 @@ void requireTimers(const PllForm1& window) {
 // What a band file says in place of the panel's pump current, if it is a number at all.
 std::optional<double> pumpOf(const BandTable& bands, double vcoMHz) {
   const std::string setting = bands.settingAt(toSingle(vcoMHz));
-  std::string_view digits = setting;
-  if (!digits.empty() && (digits.front() == '+' || digits.front() == '-')) digits.remove_prefix(1);
-  if (!digits.empty() && digits.front() == '.') digits.remove_prefix(1);
-  if (digits.empty() || digits.front() < '0' || digits.front() > '9') return std::nullopt;
+  if (!startsWithNumber(setting)) return std::nullopt;
   return roundHalfEven(leadingNumber(setting));
 }
 
@@ -95,7 +93,7 @@ board::ReachFields ReachReader::read(Program& program) {
   fields.vcoMHz = leadingNumber(window.VCOText.Text.get());
   fields.referenceMHz = leadingNumber(window.RefText.Text.get());
   fields.stepKHz = leadingNumber(window.CompText.Text.get());
-  if (program.module.CurrentModel == "ADF4193" && !(fields.vcoMHz > 0)) {
+  if (program.window.hasPanel(ChipPanel::ADF4193) && !(fields.vcoMHz > 0)) {
     fields.refused = "VCO Output Frequency is not above 0: nothing is sent";
     return fields;
   }
@@ -104,7 +102,7 @@ board::ReachFields ReachReader::read(Program& program) {
     fields.prescaler = leadingInteger(trimmed(window.PrescalarText.Text.get()), "PreScalar");
     readPanels(program, fields);
     readSetups(program, fields);
-    if (program.module.CurrentModel == "SKY72300-362") readSky(window, fields);
+    if (window.hasPanel(ChipPanel::SKY72300)) readSky(window, fields);
   } catch (const Fault& fault) {
     fields.refused = fault.what();
   }
@@ -120,12 +118,11 @@ void ReachReader::readPanels(Program& program, board::ReachFields& fields) {
   (void)integerOf(window.Text36(1), "Phase Value");
   requireTimers(window);
 
-  const std::string& model = program.module.CurrentModel;
-  if (model == "ADF4193") {
+  if (window.hasPanel(ChipPanel::ADF4193)) {
     fields.r = r4193;
     fields.doubler = window.Check16.Value == 1;
     fields.halver = window.Combo10(1).Text() == "Enable";
-  } else if (model == "ADF4251" || model == "ADF4252") {
+  } else if (window.hasPanel(ChipPanel::ADF4252)) {
     fields.r = leadingNumber(window.RText.Text.get());
     fields.doubler = window.XLabel.Caption.get() == "1";
   } else {
@@ -144,7 +141,7 @@ void ReachReader::readSetups(Program& program, board::ReachFields& fields) {
   if (!path.empty()) {
     forField(window.SetupLabel, [&] {
       const FracSetup& setup = setup_.read(path, fracSetupOf);
-      if (program.module.CurrentModel == "ADF4193")
+      if (window.hasPanel(ChipPanel::ADF4193))
         fields.file = {.detectorMHz = setup.PFD.value_or(pll.PFDFromFile),
                        .modulus = setup.MOD.value_or(pll.ModFromFile),
                        .prescaler = setup.P.value_or(pll.PreScalarFromFile)};

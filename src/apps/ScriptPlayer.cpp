@@ -1,5 +1,6 @@
 #include "apps/ScriptPlayer.h"
 
+#include <cstdint>
 #include <limits>
 #include <ostream>
 #include <sstream>
@@ -14,6 +15,7 @@ namespace tessarine {
 namespace {
 
 constexpr double kSecond = 1e6;  // in microseconds
+constexpr std::int64_t kNever = std::numeric_limits<std::int64_t>::max();
 
 // Hands on what is written as often as it is flushed.
 class Told : public std::stringbuf {
@@ -49,10 +51,7 @@ desktop::ScriptEnd ScriptPlayer::play(const std::string& text, const std::string
   std::ostream out(&printed);
   std::ostream errors(&wrong);
   desktop_.runOtherEvents = [this] { runDue(); };
-  desktop_.untilOtherEvents = [this] {
-    return actions_.empty() ? std::numeric_limits<double>::infinity()
-                            : static_cast<double>(actions_.begin()->first - now()) / kSecond;
-  };
+  desktop_.untilOtherEvents = [this] { return static_cast<double>(actions_.next(kNever) - now()) / kSecond; };
   desktop_.operateModal = [this](forms::Form& form) {
     if (operateModal) operateModal(form);
   };
@@ -89,7 +88,7 @@ void ScriptPlayer::comesTo(int line) {
 }
 
 void ScriptPlayer::at(std::int64_t time, std::function<void()> action) {
-  actions_.emplace(time, std::move(action));
+  actions_.add(time, std::move(action));
 }
 
 void ScriptPlayer::runEventsUntil(std::int64_t time) {
@@ -107,11 +106,7 @@ void ScriptPlayer::runEventsUntil(std::int64_t time) {
 }
 
 void ScriptPlayer::runDue() {
-  while (!actions_.empty() && actions_.begin()->first <= now() && !ended()) {
-    const auto action = std::move(actions_.begin()->second);
-    actions_.erase(actions_.begin());  // before it runs: it may wait, and so come back here
-    action();
-  }
+  while (!ended() && actions_.runOne(now())) continue;
 }
 
 }  // namespace tessarine

@@ -3,7 +3,6 @@
 
 #include <cstdint>
 #include <functional>
-#include <map>
 #include <optional>
 #include <string>
 
@@ -12,6 +11,7 @@
 #include "apps/ReachReader.h"
 #include "desktop/Desktop.h"
 #include "desktop/board/ScriptFeed.h"
+#include "platform/Timetable.h"
 #include "script/Stage.h"
 #include "script/WaitedTime.h"
 #include "window/Program.h"
@@ -45,7 +45,7 @@ class ScriptPlayer final : public script::Stage {
   ReachReader reach_;
   std::optional<ProbedBoard> board_;
   desktop::ScriptRun* run_ = nullptr;
-  std::multimap<std::int64_t, std::function<void()>> actions_;
+  Timetable actions_;
   bool failed_ = false;
 };
 

@@ -1,7 +1,5 @@
 // Runs a script on the program: on the virtual board, where waits take no time, or on the host's own
 // hardware.
-#include <sys/prctl.h>
-
 #include <cstddef>
 #include <exception>
 #include <fstream>
@@ -160,8 +158,6 @@ int run(const Options& options) {
 int main(int count, char** words) {
   using namespace tessarine;
   std::ios::sync_with_stdio(false);
-  // Waits end on time: the kernel would let each of them run on for 50 us.
-  ::prctl(PR_SET_TIMERSLACK, 1UL);
   const Options options = readOptions(kProgram, {words, words + count});
   if (options.done) return *options.done;
   try {

@@ -34,8 +34,7 @@ constexpr Rules k425x{8, 1e-5, roundsUp};
 constexpr Rules k4153{9, 1e-4, roundsUp};
 constexpr Rules k4193{8, 1e-5, cutsDown};
 
-// ---------------------------------------------------------------------------------------------- What it
-// gives
+// --------------------------------------------------------------------------------------------- What it gives
 
 struct Parts {
   float detectorMHz = 0;  // as the program keeps it
@@ -198,8 +197,7 @@ void explain(const ReachFields& fields, const Attempt& attempt, double detector,
   }
 }
 
-// ----------------------------------------------------------------------------------------- What would meet
-// it
+// ---------------------------------------------------------------------------------------- What would meet it
 
 std::string ratioText(const Tuning& tuning) {
   return shortText(*tuning.divider("INT")) + '+' + shortText(*tuning.divider("FRAC")) + '/' +

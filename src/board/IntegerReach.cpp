@@ -44,8 +44,7 @@ constexpr Counters kLmx{5, 13, true, fixedPrescaler};
 constexpr Counters kLmx2315{7, 11, false, lmx2315Prescaler<64>};
 constexpr Counters kLmx2325{7, 11, false, lmx2315Prescaler<32>};
 
-// ---------------------------------------------------------------------------------------------- What it
-// gives
+// --------------------------------------------------------------------------------------------- What it gives
 
 double quotient(const ReachFields& fields, double megahertz) {
   return megahertz * kKilohertz / fields.stepKHz;
@@ -79,8 +78,7 @@ Attempt attempt(const ChipModel& /*chip*/, const ReachFields& fields) {
   });
 }
 
-// ------------------------------------------------------------------------------------------ Why not, and
-// what
+// --------------------------------------------------------------------------- Why not, and what would meet it
 
 void explain(const ReachFields& fields, std::uint32_t prescaler, Reach& reach) {
   const double r = quotient(fields, fields.referenceMHz);

@@ -45,6 +45,13 @@ namespace tessarine::board {
   return plain;
 }
 
+// A frequency in the unit of its size: "10 MHz", "200 kHz".
+[[nodiscard]] inline std::string frequencyText(double megahertz) {
+  if (megahertz >= 1) return shortText(megahertz) + " MHz";
+  if (megahertz >= 1e-3) return shortText(megahertz * 1e3) + " kHz";
+  return shortText(megahertz * 1e6) + " Hz";
+}
+
 // The lowest `width` bits, the highest of them first.
 [[nodiscard]] inline std::string binaryText(std::uint32_t bits, int width) {
   std::string text;

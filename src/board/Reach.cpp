@@ -31,12 +31,6 @@ std::string signedText(double value, int decimals) {
 
 }  // namespace
 
-std::string frequencyText(double megahertz) {
-  if (megahertz >= 1) return shortText(megahertz) + " MHz";
-  if (megahertz >= 1 / kKilohertz) return shortText(megahertz * kKilohertz) + " kHz";
-  return shortText(megahertz * kHertz) + " Hz";
-}
-
 Reach reachOf(const ChipModel& chip, const ReachFields& fields) {
   Reach reach;
   reach.askedMHz = fields.vcoMHz;

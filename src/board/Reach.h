@@ -79,7 +79,4 @@ struct Reach {
 // One line each, of tab-separated parts, all with "reach" in front.
 [[nodiscard]] std::string describeReach(const Reach& reach);
 
-// A frequency in the unit that suits it.
-[[nodiscard]] std::string frequencyText(double megahertz);
-
 }  // namespace tessarine::board

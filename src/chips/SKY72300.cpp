@@ -43,12 +43,6 @@ void requireRange(std::string_view name, double value, double least, double most
                       messageNumber(most), ")"}));
 }
 
-bool startsWithNumber(std::string_view text) {
-  if (!text.empty() && (text.front() == '+' || text.front() == '-')) text.remove_prefix(1);
-  if (!text.empty() && text.front() == '.') text.remove_prefix(1);
-  return !text.empty() && text.front() >= '0' && text.front() <= '9';
-}
-
 }  // namespace
 
 void PLL::CalcSKY72300() {

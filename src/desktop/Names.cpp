@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <cstdlib>
 #include <limits>
+#include <string_view>
 
 #include "forms/Controls.h"
+#include "platform/Text.h"
 
 namespace tessarine::desktop {
 
@@ -77,9 +79,9 @@ std::string spokenName(const Control& control) {
       nearestDistance = far;
     }
   }
-  std::string name = nearest ? nearest->Caption.get() : control.ToolTip.get();
-  while (name.starts_with(' ')) name.erase(0, 1);
-  while (name.ends_with(' ') || name.ends_with(':')) name.pop_back();
+  const std::string text = nearest ? nearest->Caption.get() : control.ToolTip.get();
+  const std::string_view front = trimmedFront(text, " ");
+  const std::string name(front.substr(0, front.find_last_not_of(" :") + 1));
   return name.empty() ? control.name() : name + " " + control.name();
 }
 

@@ -76,6 +76,7 @@ const ChipType* ChipType::named(std::string_view name) {
 }
 
 const ChipType* ChipType::inMenu(std::string_view menuName) {
+  if (menuName.empty()) return nullptr;
   const auto found = std::ranges::find(all(), menuName, &ChipType::menuName);
   return found == all().end() ? nullptr : &*found;
 }

@@ -64,6 +64,12 @@ double leadingNumber(std::string_view text) {
   return negative ? -value : value;
 }
 
+bool startsWithNumber(std::string_view text) {
+  if (!text.empty() && (text.front() == '+' || text.front() == '-')) text.remove_prefix(1);
+  if (!text.empty() && text.front() == '.') text.remove_prefix(1);
+  return !text.empty() && text.front() >= '0' && text.front() <= '9';
+}
+
 Integer leadingInteger(std::string_view text, std::string_view field) {
   return toInteger(leadingNumber(text), field);
 }

@@ -13,8 +13,11 @@ namespace tessarine {
 // nan; more digits than a Double can hold give infinity.
 [[nodiscard]] double leadingNumber(std::string_view text);
 
-// The same, rounded to the nearest Integer with ties to even; a Fault names `field` when it is beyond 16
-// bits.
+// Whether a text begins with a number, without blanks in front.
+[[nodiscard]] bool startsWithNumber(std::string_view text);
+
+// The number at the front, rounded to the nearest Integer with ties to even; a Fault names `field` when it is
+// beyond 16 bits.
 [[nodiscard]] Integer leadingInteger(std::string_view text, std::string_view field);
 
 // The same as a Single; a Fault names `field` when it is beyond its range.

@@ -35,6 +35,11 @@ class Fault : public std::runtime_error {
   using std::runtime_error::runtime_error;
 };
 
+// The same with the prompt of the field that it comes from, which may not be in sight.
+[[nodiscard]] inline Fault withPrompt(const Fault& fault, const std::string& prompt) {
+  return Fault(std::string(fault.what()) + " (\"" + prompt + "\")");
+}
+
 // Thrown through a running handler when the program ends in the middle of it. It is no std::exception, so
 // that the places that ignore errors let it pass.
 struct ProgramEnded {};

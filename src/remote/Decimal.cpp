@@ -7,7 +7,7 @@
 #include <system_error>
 
 #include "board/NumberText.h"
-#include "script/ScriptText.h"
+#include "platform/Text.h"
 
 namespace tessarine::remote {
 namespace {
@@ -59,7 +59,7 @@ double valueOf(std::string_view plain) {
 }
 
 std::optional<std::string> fieldNumber(std::string_view field) {
-  const std::string_view text = script::trimmedBlanks(field);
+  const std::string_view text = trimmed(field);
   if (text.empty()) return {};
   const std::size_t length = plainLength(text);
   return length == 0 ? std::string("0") : std::string(text.substr(0, length));
@@ -80,7 +80,7 @@ std::optional<CommandNumber> commandNumber(std::string_view text) {
     if (error != std::errc::invalid_argument) rest = {end, power.data() + power.size()};
   }
   number.exponent = std::clamp(number.exponent, -kBeyondUse, kBeyondUse);
-  number.suffix = script::trimmedBlanks(rest);
+  number.suffix = trimmed(rest);
   return number;
 }
 

@@ -4,6 +4,7 @@
 #include <cstddef>
 
 #include "platform/Fault.h"
+#include "platform/Text.h"
 #include "script/ScriptText.h"
 
 namespace tessarine::remote {
@@ -59,7 +60,7 @@ std::string_view takeNode(std::string_view& rest) {
 std::deque<std::string> commandsOf(std::string_view line) {
   std::deque<std::string> commands;
   for (const std::string_view piece : parted(line, ';')) {
-    if (const std::string_view command = script::trimmedBlanks(piece); !command.empty()) {
+    if (const std::string_view command = trimmed(piece); !command.empty()) {
       commands.emplace_back(command);
     }
   }
@@ -69,7 +70,7 @@ std::deque<std::string> commandsOf(std::string_view line) {
 Command commandOf(std::string_view text, std::string& path) {
   const std::size_t end = std::min(text.find_first_of(" \t\"'"), text.size());
   std::string_view header = text.substr(0, end);
-  const std::string_view rest = script::trimmedBlanks(text.substr(end));
+  const std::string_view rest = trimmed(text.substr(end));
   Command command;
   if (header.starts_with('*')) {
     command.header = header;
@@ -86,7 +87,7 @@ Command commandOf(std::string_view text, std::string& path) {
   }
   if (!rest.empty()) {
     for (const std::string_view parameter : parted(rest, ',')) {
-      command.parameters.emplace_back(script::trimmedBlanks(parameter));
+      command.parameters.emplace_back(trimmed(parameter));
     }
   }
   return command;

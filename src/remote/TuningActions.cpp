@@ -43,10 +43,7 @@ const board::Register* registerNamed(const board::Chip* chip, const std::string&
 
 // The box of the model's panel that names the band file; null for a model without one.
 forms::Control* bandBox(const Call& call) {
-  const std::string model = modelOf(call);
-  if (model.starts_with("SKY")) return &call.window().Text47;
-  const bool hasLatchPanel = model == "ADF4106" || (model.starts_with("ADF411") && model != "ADF4118");
-  return hasLatchPanel ? &call.window().Text40 : nullptr;
+  return modelOf(call).empty() ? nullptr : call.window().bandFileField();
 }
 
 // Open far enough to be seen: the panel of the SKY72300-362 first shows one twip wide.

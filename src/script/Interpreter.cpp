@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/Fault.h"
+#include "platform/Text.h"
 
 namespace tessarine::script {
 namespace {
@@ -51,7 +52,7 @@ std::int64_t takeSpan(std::string_view& rest) {
 }
 
 void nothingMore(std::string_view rest) {
-  if (!trimmedBlanks(rest).empty()) throw Malformed{};
+  if (!trimmed(rest).empty()) throw Malformed{};
 }
 
 std::string itemsOf(const Control& control) {
@@ -175,8 +176,9 @@ Control& Interpreter::only(std::string_view rest) const {
   return control(names.front());
 }
 
-// ------------------------------------------------------------------------------------------------ The
-// commands. Each looks its words up when the line is read, and is carried out later.
+// ---------------------------------------------------------------------------------------------- The commands
+
+// Each looks its words up when the line is read, and is carried out later.
 
 struct Interpreter::Commands {
   struct Command {
@@ -204,7 +206,7 @@ struct Interpreter::Commands {
   }
 
   static Action pick(Interpreter& script, std::string_view rest, int /*number*/) {
-    const std::string_view caption = unquoted(trimmedBlanks(rest));
+    const std::string_view caption = unquoted(trimmed(rest));
     if (caption.empty()) throw Malformed{};
     return [&script, &entry = script.model(caption)] { orRefuse(script.around_.door.click(entry)); };
   }
@@ -313,7 +315,7 @@ struct Interpreter::Commands {
 
   static Action at(Interpreter& script, std::string_view rest, int number) {
     const std::int64_t span = takeSpan(rest);
-    if (trimmedBlanks(rest).empty()) throw Malformed{};
+    if (trimmed(rest).empty()) throw Malformed{};
     std::string_view command = rest;
     const std::string_view word = takeWord(command);
     for (const Command& each : all()) {

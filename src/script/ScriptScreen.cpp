@@ -10,6 +10,7 @@
 #include "script/ScriptText.h"
 
 namespace tessarine::script {
+
 void ScriptScreen::messageBox(const std::string& text, Icon icon, const std::string& title) {
   out_ << messageLine(text, icon, title) << std::flush;
   if (afterMessage) afterMessage();

@@ -6,6 +6,7 @@
 #include <system_error>
 
 #include "forms/Form.h"
+#include "platform/Text.h"
 
 namespace tessarine::script {
 namespace {
@@ -57,7 +58,7 @@ std::string controlRow(const forms::Control& control) {
 }
 
 std::string_view takeWord(std::string_view& text) {
-  text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+  text = trimmedFront(text, kBlanks);
   const auto end = std::min(text.find_first_of(kBlanks), text.size());
   const std::string_view word = text.substr(0, end);
   text.remove_prefix(std::min(end + 1, text.size()));
@@ -68,11 +69,6 @@ std::vector<std::string_view> words(std::string_view text) {
   std::vector<std::string_view> found;
   for (auto word = takeWord(text); !word.empty(); word = takeWord(text)) found.push_back(word);
   return found;
-}
-
-std::string_view trimmedBlanks(std::string_view text) {
-  text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
-  return text.substr(0, text.find_last_not_of(kBlanks) + 1);
 }
 
 std::string_view unquoted(std::string_view text) {

@@ -25,7 +25,6 @@ namespace tessarine::script {
 // Takes the first word off the front of `text`, with the one blank behind it.
 std::string_view takeWord(std::string_view& text);
 [[nodiscard]] std::vector<std::string_view> words(std::string_view text);
-[[nodiscard]] std::string_view trimmedBlanks(std::string_view text);
 // Without one pair of double quotes around it.
 [[nodiscard]] std::string_view unquoted(std::string_view text);
 // As `set` takes it: in quotes where its ends would not show.

@@ -62,8 +62,7 @@ class Copyist {
   }
 
  private:
-  // ---------------------------------------------------------------------------------------------- What
-  // differs
+  // ------------------------------------------------------------------------------------- What differs
 
   [[nodiscard]] const Control& wanted(std::size_t place) const { return *present_.window.controls()[place]; }
   [[nodiscard]] Control& own(std::size_t place) { return *program_.window.controls()[place]; }
@@ -100,8 +99,7 @@ class Copyist {
 
   [[nodiscard]] bool arrived() { return isThere() && differing().empty(); }
 
-  // --------------------------------------------------------------------------------------------------
-  // Actions
+  // ------------------------------------------------------------------------------------------- Actions
 
   void click(std::string_view name) {
     if (Control* const control = program_.forms.find(name)) (void)program_.door.click(*control);
@@ -179,8 +177,7 @@ class Copyist {
     (void)go(isAlike, Clicks::models);
   }
 
-  // ----------------------------------------------------------------------------------------------------
-  // Steps
+  // --------------------------------------------------------------------------------------------- Steps
 
   void takeWayOut() {
     const PllForm1& window = present_.window;

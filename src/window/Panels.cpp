@@ -46,6 +46,11 @@ bool PllForm1::hasPanel(ChipPanel panel) const {
   return chip && chip->panel == panel;
 }
 
+TextBox* PllForm1::bandFileField() {
+  if (hasPanel(ChipPanel::SKY72300)) return &Text47;
+  return hasPanel(ChipPanel::ADF4113) ? &Text40 : nullptr;
+}
+
 void PllForm1::openPanel(ChipPanel panel) {
   switch (panel) {
     case ChipPanel::none:

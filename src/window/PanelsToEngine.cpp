@@ -48,7 +48,7 @@ void readSetup(String& name, const TextBox& field, const Label& prompt, Read&& r
     read();
   } catch (const Fault& fault) {
     name = before;
-    throw Fault(std::string(fault.what()) + " (\"" + prompt.Caption.get() + "\")");
+    throw withPrompt(fault, prompt.Caption);
   }
 }
 

@@ -92,6 +92,11 @@ class PllForm1 : public Form, public EngineView {
   void AutoOption1_Click();
   void StepOption_Click();
 
+  // Whether the chip in use has that panel.
+  [[nodiscard]] bool hasPanel(ChipPanel panel) const;
+  // Where its panel names a band file; null without one.
+  [[nodiscard]] TextBox* bandFileField();
+
   // What the engine shows and asks.
   void showDetectorFrequency(const std::string& text) override { PFDLabel.Caption = text; }
   void showWord(int index, const std::string& text) override { Label21(index).Caption = text; }
@@ -544,8 +549,7 @@ class PllForm1 : public Form, public EngineView {
   One<Label>   Label76      {Frame24, "Label76", "X", at(10880, 90, 300, 270), clickable, tip("Close"), click(this, &PllForm1::Label76_Click)};
   // clang-format on
 
-  // ------------------------------------------------------------------------------------------------ The
-  // other forms
+  // ---------------------------------------------------------------------------------------- The other forms
   ParallelForm parallelForm;
   BrowseForm browseForm;
   frmAbout aboutForm;
@@ -563,7 +567,6 @@ class PllForm1 : public Form, public EngineView {
   void showADF4193Controls();
   // Panels.
   void openPanel(ChipPanel panel);
-  [[nodiscard]] bool hasPanel(ChipPanel panel) const;  // the chip in use
   void togglePanel(Frame& panel, Twips place);
   void hidePanels();
   void offerPrescalers(const std::vector<std::string>& items);

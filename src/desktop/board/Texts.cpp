@@ -16,11 +16,7 @@ QString shortText(double value) { return text(board::shortText(value)); }
 
 QString megahertzText(double megahertz) { return fixedText(megahertz, 6) + QStringLiteral(" MHz"); }
 
-QString frequencyText(double megahertz) {
-  if (megahertz >= 1) return shortText(megahertz) + QStringLiteral(" MHz");
-  if (megahertz >= 1e-3) return shortText(megahertz * 1e3) + QStringLiteral(" kHz");
-  return shortText(megahertz * 1e6) + QStringLiteral(" Hz");
-}
+QString frequencyText(double megahertz) { return text(board::frequencyText(megahertz)); }
 
 QString offsetText(double hertz) {
   const double tenths = std::round(hertz * 10) / 10;

@@ -8,9 +8,7 @@
 
 #include "platform/Fault.h"
 #include "platform/linux/Advice.h"
-#include "platform/linux/BitBang.h"
 #include "platform/linux/OpenPort.h"
-#include "platform/linux/UsbPins.h"
 
 namespace tessarine {
 namespace {
@@ -62,12 +60,14 @@ PortTable::Opener gpioWay(GpioLines& lines, std::function<std::uint8_t()> loadPi
   };
 }
 
-void GpioUsb::drive(std::uint8_t pins) {
-  std::uint8_t bits = 0;
-  for (const PinOfRole& each : kPins)
-    if ((pins & each.pin) != 0) bits |= each.bit;
-  lines_.write(bits, kLoad);
-  pins_ = pins;
+void GpioUsb::send(std::span<const std::uint8_t> levels) {
+  for (const std::uint8_t pins : levels) {
+    std::uint8_t bits = 0;
+    for (const PinOfRole& each : kPins)
+      if ((pins & each.pin) != 0) bits |= each.bit;
+    lines_.write(bits, kLoad);
+    pins_ = pins;
+  }
 }
 
 std::uint8_t GpioUsb::pinsOf(char port) {
@@ -90,31 +90,6 @@ void GpioUsb::UsbClose() {
   const std::lock_guard<Gate> hold(gate_);
   lines_.leave();
   pins_ = 0;
-}
-
-void GpioUsb::UsbWritePort(std::string_view port, std::uint8_t pins) {
-  checkIsOutput(port);
-  const std::lock_guard<Gate> hold(gate_);
-  drive(pins);
-}
-
-std::uint8_t GpioUsb::UsbReadPort(std::string_view port) {
-  const char name = usbPort(port);
-  const std::lock_guard<Gate> hold(gate_);
-  return pinsOf(name);
-}
-
-void GpioUsb::UsbShiftWord(std::string_view clockPin, std::string_view dataPin, std::string_view loadPin,
-                           std::string_view sparePin, int mode, std::string_view word) {
-  const ShiftPins pins = shiftPins(clockPin, dataPin, loadPin, sparePin, mode);
-  const std::lock_guard<Gate> hold(gate_);
-  for (const std::uint8_t levels : shiftedWord(pins, word)) drive(levels);
-}
-
-std::uint8_t GpioUsb::UsbReadPin(std::string_view pin) {
-  const UsbPin wanted = usbPin(pin);
-  const std::lock_guard<Gate> hold(gate_);
-  return (pinsOf(wanted.port) & wanted.mask) != 0 ? 1 : 0;
 }
 
 }  // namespace tessarine

@@ -1,17 +1,9 @@
 #include "platform/linux/HostPlatform.h"
 
-#include <sys/prctl.h>
-
 #include <chrono>
 #include <mutex>
 
 namespace tessarine {
-
-HostPlatform::HostPlatform() {
-  // Waits of this thread end on time, not up to 50 microseconds late to save the computer a wake-up: a load
-  // has many short ones.
-  ::prctl(PR_SET_TIMERSLACK, 1);
-}
 
 void HostPlatform::tellOnce(const std::string& sentence) {
   if (notice && told_.insert(sentence).second) notice(sentence);

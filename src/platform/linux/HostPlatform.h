@@ -12,7 +12,7 @@ namespace tessarine {
 
 class HostPlatform {
  public:
-  HostPlatform();
+  HostPlatform() = default;
   virtual ~HostPlatform() = default;  // a platform leaves in its own
   HostPlatform(const HostPlatform&) = delete;
   HostPlatform& operator=(const HostPlatform&) = delete;

@@ -15,9 +15,9 @@
 #include "platform/Fault.h"
 #include "platform/linux/Advice.h"
 #include "platform/linux/BitBang.h"
-#include "platform/linux/UsbPins.h"
 
 namespace tessarine {
+
 // libftdi's results do not tell these cases apart; the kernel's own files do.
 std::string UsbModule::whyNotOpened(char name, int result, const std::string& text) {
   if (result == kFtdiNotFound) return advice::moduleMissing();
@@ -106,32 +106,6 @@ void UsbModule::UsbOpen(int device) {
 void UsbModule::UsbClose() {
   const std::lock_guard<Gate> hold(gate_);
   leave();
-}
-
-void UsbModule::UsbWritePort(std::string_view port, std::uint8_t pins) {
-  checkIsOutput(port);
-  const std::lock_guard<Gate> hold(gate_);
-  send(std::array<std::uint8_t, 1>{pins});
-}
-
-std::uint8_t UsbModule::UsbReadPort(std::string_view port) {
-  const char name = usbPort(port);
-  const std::lock_guard<Gate> hold(gate_);
-  return pinsOf(name);
-}
-
-void UsbModule::UsbShiftWord(std::string_view clockPin, std::string_view dataPin, std::string_view loadPin,
-                             std::string_view sparePin, int mode, std::string_view word) {
-  const ShiftPins pins = shiftPins(clockPin, dataPin, loadPin, sparePin, mode);
-  const std::lock_guard<Gate> hold(gate_);
-  loadMask_ = pins.load;
-  send(shiftedWord(pins, word));
-}
-
-std::uint8_t UsbModule::UsbReadPin(std::string_view pin) {
-  const UsbPin wanted = usbPin(pin);
-  const std::lock_guard<Gate> hold(gate_);
-  return (pinsOf(wanted.port) & wanted.mask) != 0 ? 1 : 0;
 }
 
 void UsbModule::leave() noexcept {

@@ -8,29 +8,24 @@
 #include <string>
 #include <string_view>
 
-#include "platform/Platform.h"
 #include "platform/linux/FtdiChannel.h"
 #include "platform/linux/Kernel.h"
 #include "platform/linux/Notice.h"
 #include "platform/linux/PluggedModules.h"
+#include "platform/linux/UsbPins.h"
 
 namespace tessarine {
 
-class UsbModule : public UsbInterface {
+class UsbModule : public UsbPins {
  public:
   // `notice` takes what the operator should know beside a fault.
   UsbModule(FtdiLibrary& library, Kernel& kernel, Gate& gate, Notice notice)
-      : library_(library), kernel_(kernel), gate_(gate), notice_(std::move(notice)) {}
+      : UsbPins(gate), library_(library), kernel_(kernel), notice_(std::move(notice)) {}
 
   // Each opens what it needs, also after the module was unplugged. A Fault says what is in the way; it ends
   // the use of the channel until the next call.
   void UsbOpen(int device) override;
   void UsbClose() override;
-  void UsbWritePort(std::string_view port, std::uint8_t pins) override;
-  std::uint8_t UsbReadPort(std::string_view port) override;
-  void UsbShiftWord(std::string_view clockPin, std::string_view dataPin, std::string_view loadPin,
-                    std::string_view sparePin, int mode, std::string_view word) override;
-  std::uint8_t UsbReadPin(std::string_view pin) override;
 
   // Lines low, then all pins inputs, and closed. The caller holds the gate.
   void leave() noexcept;
@@ -40,18 +35,16 @@ class UsbModule : public UsbInterface {
   [[nodiscard]] FtdiChannel& opened(char port);
   [[nodiscard]] std::unique_ptr<FtdiChannel>& place(char name) { return name == 'A' ? channelA_ : channelB_; }
   [[nodiscard]] std::string whyNotOpened(char name, int result, const std::string& text);
-  void send(std::span<const std::uint8_t> levels);
-  [[nodiscard]] std::uint8_t pinsOf(char port);
+  void send(std::span<const std::uint8_t> levels) override;
+  [[nodiscard]] std::uint8_t pinsOf(char port) override;
   [[noreturn]] void lost(const std::string& sentence);
   void rest(char name) noexcept;
 
   FtdiLibrary& library_;
   Kernel& kernel_;
-  Gate& gate_;
   Notice notice_;
   int device_ = 0;
-  PluggedModule module_;          // in use while one of its channels is open
-  std::uint8_t loadMask_ = 0x02;  // B1, until a word names another
+  PluggedModule module_;  // in use while one of its channels is open
   std::unique_ptr<FtdiChannel> channelA_;
   std::unique_ptr<FtdiChannel> channelB_;
 };
