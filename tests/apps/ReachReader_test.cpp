@@ -15,6 +15,7 @@
 #include "board/VirtualBoard.h"
 #include "engine/Numbers.h"
 #include "support/FakePlatform.h"
+#include "support/Hand.h"
 #include "window/Program.h"
 
 namespace tessarine {
@@ -22,24 +23,19 @@ namespace {
 
 using Texts = std::vector<const char*>;
 
-struct ReachDesk {
-  ReachDesk() {
+struct ReachDesk : Hand {
+  ReachDesk() : Hand(program) {
     host.host.version.reset();
     program.start();
-    click("IOOption(1)");
-    click("ContinueCommand");
-  }
-  void click(const std::string& name) { EXPECT_FALSE(program.door.click(*program.forms.find(name))); }
-  void set(const std::string& name, const std::string& value) {
-    EXPECT_FALSE(program.door.set(*program.forms.find(name), value)) << name << ' ' << value;
+    open(1);
   }
   // Past the door: the panel of the field may be closed.
   void write(const std::string& name, const std::string& text) {
-    static_cast<forms::TextBox&>(*program.forms.find(name)).Text = text;
+    static_cast<forms::TextBox&>(control(name)).Text = text;
   }
   void pick(int index) {
     model = program.window.pllM(index).Caption;
-    EXPECT_FALSE(program.door.click(program.window.pllM(index)));
+    click(program.window.pllM(index).name());
     wires.board().plug(model);
   }
   // A chip without an entry of its own, in place of the one picked.

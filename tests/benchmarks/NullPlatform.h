@@ -7,6 +7,7 @@
 
 #include "engine/PLL.h"
 #include "support/FakePlatform.h"
+#include "support/Hand.h"
 #include "window/Program.h"
 
 namespace tessarine {
@@ -26,24 +27,16 @@ class NullPort : public PortDriver, public PortLibrary {
 void bareLoad(PortDriver& driver);
 
 // The working screen with a chip picked, tuned to 1800 MHz with the panels as they start up.
-struct NullBench {
+struct NullBench : Hand {
   explicit NullBench(const std::string& model) : NullBench(model, ownScreen, ownClock) {}
   NullBench(const std::string& model, Screen& screen, Clock& clock)
-      : platform{port, port, usb, host, clock, screen} {
+      : Hand(program), platform{port, port, usb, host, clock, screen} {
     program.start();
-    program.door.click(program.window.ContinueCommand);
-    for (auto& [index, entry] : program.window.pllM.members()) {
-      if (entry.Caption == model) program.door.click(entry);
-    }
+    open();
+    pick(model);
     program.module.CurrentModel = model;  // for those without an entry
-    type("RefText", "40");
-    type("CompText", "100");
-    type("PrescalarText", "32/33");
-    type("VCOText", "1800");
+    tune("1800", "32/33", "40", "100");
     program.window.CalculateCommand_Click();
-  }
-  void type(const char* field, const std::string& text) {
-    program.door.set(*program.forms.find(field), text);
   }
 
   NullPort port;

@@ -32,14 +32,14 @@ double secondsOfBareLoads(std::int64_t loads) {
 void sweep(benchmark::State& state) {
   NullBench bench("ADF4113");
   const auto steps = state.range(0);
-  bench.program.door.click(bench.program.window.Sweep1);
-  bench.program.door.click(bench.program.window.AutoOption1);
-  bench.type("StartText1", "1000");
-  bench.type("StepText1", "0.1");
-  bench.type("StopText1", std::to_string(1000 + static_cast<double>(steps - 1) / 1e4));
+  bench.click("Sweep1");
+  bench.click("AutoOption1");
+  bench.set({{"StartText1", "1000"},
+             {"StepText1", "0.1"},
+             {"StopText1", std::to_string(1000 + static_cast<double>(steps - 1) / 1e4)}});
   const long before = residentKb();
   const std::clock_t start = std::clock();
-  for (auto _ : state) bench.program.door.click(bench.program.window.StartSweepCommand(0));
+  for (auto _ : state) bench.click("StartSweepCommand");
   const double seconds = static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
   state.counters["kBGrown"] = static_cast<double>(residentKb() - before);
   const std::int64_t loads = state.iterations() * steps;

@@ -13,6 +13,7 @@
 #include "board/BoardBench.h"
 #include "board/NumberText.h"
 #include "support/FakePlatform.h"
+#include "support/Hand.h"
 #include "window/Program.h"
 
 namespace tessarine::board {
@@ -20,28 +21,27 @@ namespace {
 
 constexpr int kClick = -1;
 
-struct PanelDesk {
-  explicit PanelDesk(const std::string& chip) : model(chip) {
+struct PanelDesk : Hand {
+  explicit PanelDesk(const std::string& chip) : Hand(program), model(chip) {
     host.host.version.reset();
     program.start();
-    click("ContinueCommand");
-    for (auto& [index, entry] : program.window.pllM.members())
-      if (entry.Caption == model) click(entry);
+    open();
+    pick(model);
     bench.board().plug(model);
-    set("RefText", "40"), set("CompText", "200"), set("VCOText", "1800"), set("PrescalarText", "8/9");
+    tune("1800", "8/9", "40");
     click("ACommand");
     if (model == "ADF4193") click("Command14(1)");
     load();
   }
-  void click(forms::Control& control) { (void)program.door.click(control); }  // a fixed bit refuses
-  void click(const char* name) { click(*program.forms.find(name)); }
-  void set(const char* name, const char* value) { (void)program.door.set(*program.forms.find(name), value); }
   // A pick of that item, or else a text of that number.
   void act(const std::string& array, int index, int item) {
     forms::Control* control = program.forms.find(array + '(' + std::to_string(index) + ')');
     if (!control) control = program.forms.find(array);
-    if (item == kClick) return click(*control);
-    if (program.door.pick(*control, item)) (void)program.door.set(*control, std::to_string(item));
+    if (item == kClick) {
+      (void)program.door.click(*control);  // a fixed bit refuses
+    } else if (program.door.pick(*control, item)) {
+      set(control->name(), std::to_string(item));
+    }
   }
   // Twice: one chip is one load late.
   void load() {

@@ -8,16 +8,15 @@
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
-#include <initializer_list>
 #include <optional>
 #include <stdexcept>
 #include <string>
-#include <utility>
 
 #include "board/VirtualBoard.h"
 #include "desktop/board/BoardWindow.h"
 #include "engine/PLL.h"
 #include "support/FakePlatform.h"
+#include "support/Hand.h"
 #include "window/Program.h"
 
 namespace tessarine::desktop {
@@ -33,34 +32,26 @@ class EventfulScreen : public FakeScreen {
 
 enum View { kChip, kRegisters, kWire, kFrequency };
 
-struct BoardDesk {
-  explicit BoardDesk(View view = kChip) {
+struct BoardDesk : Hand {
+  explicit BoardDesk(View view = kChip) : Hand(program) {
     host.host.version.reset();  // a host that needs no driver and so no wait for one
     program.start();
-    click("IOOption(0)");
-    click("ContinueCommand");
+    open();
     window.saving().ask = [this](QWidget&, const FileKind& kind) { return folder.filePath(kind.suggested); };
     window.show();
     EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
     show(view);
   }
 
-  // The operator at the control window.
-  void click(const char* name) { expectDone(program.door.click(*program.forms.find(name))); }
-  void set(std::initializer_list<std::pair<const char*, const char*>> values) {
-    for (const auto& [name, value] : values) expectDone(program.door.set(*program.forms.find(name), value));
-  }
   void pick(const std::string& model) {
-    for (auto& [index, entry] : program.window.pllM.members()) {
-      if (entry.Caption == model) expectDone(program.door.click(entry));
-    }
+    Hand::pick(model);
     port.board().plug(model);
     settle();
   }
   // An ADF4113 at that frequency, then silence enough to end the load.
   void load(const char* megahertz = "900") {
     pick("ADF4113");
-    set({{"RefText", "10"}, {"CompText", "200"}, {"PrescalarText", "8/9"}, {"VCOText", megahertz}});
+    tune(megahertz);
     click("AllCommand");
     host.clock.elapsed += board::EvaluationBoard::kPauseMicroseconds;
     settle();
@@ -89,8 +80,6 @@ struct BoardDesk {
     QFile file(folder.filePath(QString::fromLatin1(name)));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
   }
-
-  static void expectDone(const forms::Operator::Refusal& refusal) { EXPECT_FALSE(refusal) << *refusal; }
 
   QTemporaryDir folder;
   FakePlatform host;

@@ -22,6 +22,7 @@
 #include "platform/linux/LinuxPlatform.h"
 #include "support/FakePlatform.h"
 #include "support/FaultOf.h"
+#include "support/Hand.h"
 #include "window/Program.h"
 
 namespace tessarine {
@@ -205,25 +206,21 @@ TEST_F(Usb, UnpluggingInTheMiddleOfALoadIsOneMessageAndTheProgramGoesOn) {
   Platform platform{fake.port, fake.port, host.usb, fake.host, fake.clock, fake.screen};
   Program program(platform);
   program.start();
-  const auto operate = [&](const char* name, const char* value = nullptr) {
-    forms::Control& control = *program.forms.find(name);
-    EXPECT_FALSE(value ? program.door.set(control, value) : program.door.click(control)) << name;
-  };
-  for (const char* const name : {"IOOption(1)", "ContinueCommand", "pllM(9)"}) operate(name);
-  for (const auto& [name, value] :
-       {std::pair{"RefText", "10"}, {"CompText", "200"}, {"PrescalarText", "8/9"}, {"VCOText", "900"}})
-    operate(name, value);
+  Hand hand(program);
+  hand.open(1);
+  hand.pick("ADF4113");
+  hand.tune();
   EXPECT_TRUE(fake.screen.messages.empty());
 
   module.transfersLeft = 4;  // in the second word
-  operate("AllCommand");
+  hand.click("AllCommand");
   ASSERT_EQ(fake.screen.messages.size(), 1U);
   EXPECT_THAT(fake.screen.messages[0].text, StartsWith("The USB module is missing since this command"));
 
   module.unplugged = false;
   module.transfersLeft = 1 << 20;
   (void)module.taken();
-  operate("AllCommand");
+  hand.click("AllCommand");
   EXPECT_EQ(fake.screen.messages.size(), 1U);
   EXPECT_EQ(std::ranges::count(module.calls, "B write 76"), 3) << "one transfer a word";
 }

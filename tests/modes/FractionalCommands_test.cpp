@@ -84,7 +84,7 @@ TEST(ADF4193Commands, InitializationSendsThePowerUpAndFullLoadsRepeatIt) {
   EXPECT_EQ(bench.sentBy("Command14(0)").size(), 8U) << "it took no copies but that of R2";
 
   bench.click("Sweep1");
-  bench.setAll({{"StartText1", "1747.2"}, {"StopText1", "1747.2"}});
+  bench.set({{"StartText1", "1747.2"}, {"StopText1", "1747.2"}});
   Words full = kPowerUp;  // once by the start of the sweep, once by the load
   full.insert(full.end(), kPowerUp.begin(), kPowerUp.end());
   for (const auto& word : "510411/24 2/16 2180D0/24 7B/16 4004/24 400C/24 7FF4/24 5/8 900E/16"_w)

@@ -13,7 +13,7 @@ struct HopBench : ProgramBench {
     tune();
     click("CalculateCommand");
     click("Hop1");
-    setAll({{"VcoText1", "900"}, {"VcoText2", "1000"}, {"HopText", hops}, {"DelayText", delay}});
+    set({{"VcoText1", "900"}, {"VcoText2", "1000"}, {"HopText", hops}, {"DelayText", delay}});
     forget();
   }
   // The frequencies of the N words that reached the chip, as their counters say: 200 kHz steps, prescaler
@@ -85,9 +85,7 @@ TEST(HopMode, NestedStartRunsInsideAndOneStopEndsBoth) {
 
 TEST(HopMode, EditsTakeEffectAtTheNextReadingAndTheModelAtTheNextSend) {
   HopBench bench;
-  bench.host.screen.at(100, [&] {
-    bench.setAll({{"VcoText2", "1100"}, {"HopText", "9"}, {"DelayText", "5"}});
-  });
+  bench.host.screen.at(100, [&] { bench.set({{"VcoText2", "1100"}, {"HopText", "9"}, {"DelayText", "5"}}); });
   bench.click("StartHop");
   EXPECT_EQ(bench.sent(), (Texts{"900", "1100", "900", "1100"}));
 
@@ -154,7 +152,7 @@ TEST(HopMode, ADF4193HopsWithoutDelayAndWithItsPowerUp) {
   ProgramBench bench("ADF4193");
   bench.tune("", "8/9", "104");
   bench.click("Hop1");
-  bench.setAll({{"VcoText1", "1747.2"}, {"VcoText2", "1800"}, {"HopText", "1"}, {"DelayText", "30000"}});
+  bench.set({{"VcoText1", "1747.2"}, {"VcoText2", "1800"}, {"HopText", "1"}, {"DelayText", "30000"}});
   bench.forget();
   bench.click("StartHop");
   EXPECT_TRUE(bench.messages().empty());

@@ -10,7 +10,7 @@ struct SweepBench : ProgramBench {
       : ProgramBench("ADF4113") {
     tune("", "16/17", "10", "100");
     click("Sweep1");
-    setAll({{"StartText1", start}, {"StopText1", stop}, {"StepText1", step}});
+    set({{"StartText1", start}, {"StopText1", stop}, {"StepText1", step}});
     if (automatic) {
       click("AutoOption1");
       set("DelaySweepText1", "40");
@@ -127,7 +127,7 @@ TEST(SweepMode, ADF4193IsInitialisedBeforeTheEntriesAreCompared) {
   ProgramBench bench("ADF4193");
   bench.tune("", "8/9", "104");
   bench.click("Sweep1");
-  bench.setAll({{"StartText1", "1747.2"}, {"StopText1", "1700"}});
+  bench.set({{"StartText1", "1747.2"}, {"StopText1", "1700"}});
   bench.click("StartSweepCommand");
   EXPECT_EQ(bench.messages(), Texts{" Start should be less  then stop"});
   EXPECT_EQ(bench.latches().size(), 14U) << "the power-up sequence";

@@ -171,6 +171,7 @@ TEST(ModelMenu, WorksOnTheFirstScreen) {
 TEST(ModelMenu, SendsNothingButReappliesTheWiring) {
   ProgramBench bench;
   bench.open();
+  bench.forget();
   bench.pick("ADF4113");
   EXPECT_EQ(bench.host.port.bytes(), (std::vector<int>{0, 0})) << "control register, then all lines low";
   EXPECT_EQ(bench.pll.CLOCKbit, 1);
