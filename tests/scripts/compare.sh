@@ -1,12 +1,11 @@
 #!/bin/bash
-# compare.sh PROGRAM FOLDER SCRIPT EXPECTED: runs a script of this name in that folder and compares all that comes
-# out of it with the file EXPECTED: standard output, then standard error with "! " in front, then the exit status.
+# compare.sh PROGRAM SCRIPT EXPECTED: runs a script and compares all that comes out of it with the file EXPECTED:
+# standard output, then standard error with "! " in front, then the exit status.
 # With ACCEPT=1 it writes that file instead; read the difference before you commit it.
 set -u
-program=$1 folder=$2 script=$3 expected=$4
+program=$1 script=$2 expected=$3
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-cd "$folder" || exit 1
 "$program" "$script" >"$work/out" 2>"$work/err" </dev/null
 status=$?
 sed 's/^/! /' "$work/err" >>"$work/out"
