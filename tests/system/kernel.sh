@@ -1,7 +1,7 @@
 #!/bin/bash
-# kernel.sh FOLDER: puts a Debian kernel into FOLDER, and nothing if it is there already: vmlinux, an ELF image that the
-# emulator starts without unpacking it first, and modules/, the tree under /lib/modules. Also sourced, for fetchKernel,
-# which returns 1 when the package cannot be had; why stands on standard output.
+# kernel.sh FOLDER: puts a Debian kernel into FOLDER, and nothing if it is there already: vmlinuz, and modules/, the tree
+# under /lib/modules. Also sourced, for fetchKernel, which returns 1 when the package cannot be had; why stands on standard
+# output.
 
 # Below drivers/ of the kernel's modules.
 kernelModules=(parport/parport parport/parport_pc char/ppdev char/lp usb/common/usb-common usb/core/usbcore
@@ -12,8 +12,8 @@ kernelPackage() {
 }
 
 fetchKernel() {
-  local cache=$1 package work image setup offset length module patterns=()
-  [ "$(cat "$cache/ready" 2> /dev/null)" = "${kernelModules[*]}" ] && return 0
+  local cache=$1 package work module patterns=()
+  [ -e "$cache/vmlinuz" ] && [ "$(cat "$cache/ready" 2> /dev/null)" = "${kernelModules[*]}" ] && return 0
   rm -rf "$cache"
   work=$cache/unpack
   mkdir -p "$work" || return 1
@@ -27,16 +27,7 @@ fetchKernel() {
   # Where /lib is a link, packages have their modules below /usr.
   for module in "${kernelModules[@]}"; do patterns+=("./*lib/modules/*/kernel/drivers/$module.ko*"); done
   dpkg-deb --fsys-tarfile "$work"/*.deb | tar -x -C "$work" --wildcards './boot/vmlinuz-*' "${patterns[@]}" || return 1
-  # The boot image holds the packed kernel behind its set-up sectors, where its header says; the last four bytes
-  # are the unpacked size.
-  image=$(echo "$work"/boot/vmlinuz-*)
-  setup=$(od -An -tu1 -j 497 -N 1 "$image")
-  offset=$(od -An -tu4 -j 584 -N 4 "$image")
-  length=$(od -An -tu4 -j 588 -N 4 "$image")
-  tail -c +$(((setup + 1) * 512 + offset + 1)) "$image" | head -c $((length - 4)) > "$work/packed"
-  xz -dc "$work/packed" > "$cache/vmlinux" 2> /dev/null || zstd -dcq "$work/packed" > "$cache/vmlinux" 2> /dev/null ||
-    gzip -dc "$work/packed" > "$cache/vmlinux" 2> /dev/null ||
-    { echo "the kernel of $package is packed in a way that xz, zstd and gzip do not know"; return 1; }
+  mv "$work"/boot/vmlinuz-* "$cache/vmlinuz"
   mv "$work"/lib/modules "$work"/usr/lib/modules "$cache/" 2> /dev/null
   find "$cache/modules" -name '*.xz' -exec xz -d {} +
   rm -rf "$work"
