@@ -12,15 +12,13 @@
 
 namespace tessarine {
 
-class FakeView : public EngineView {
- public:
+struct FakeView : EngineView {
   void showDetectorFrequency(const std::string& text) override { detectorFrequency = text; }
   void showWord(int index, const std::string& text) override { words[index] = text; }
-  [[nodiscard]] bool lockDetectPrecisionChecked() const override { return lockDetectPrecision; }
+  [[nodiscard]] bool lockDetectPrecisionChecked() const override { return false; }
 
   std::string detectorFrequency;
   std::map<int, std::string> words;
-  bool lockDetectPrecision = false;
 };
 
 struct EngineBench {

@@ -2,26 +2,33 @@
 // only when the program waits.
 #pragma once
 
+#include <algorithm>
+#include <cmath>
 #include <cstdint>
 #include <functional>
 #include <map>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
+#include "forms/Form.h"
+#include "platform/Fault.h"
 #include "platform/Platform.h"
 #include "platform/Timetable.h"
 
 namespace tessarine {
 
 // The time of day in microseconds.
-class FakeClock : public Clock {
- public:
+struct FakeClock : Clock {
   static constexpr std::int64_t kSecond = 1'000'000;
   static constexpr std::int64_t kDay = 86'400 * kSecond;
 
-  double secondsSinceMidnight() override;
+  double secondsSinceMidnight() override {
+    return static_cast<double>((startOfDay + elapsed) % kDay) / static_cast<double>(kSecond);
+  }
   void beep() override { ++beeps; }
 
   std::int64_t elapsed = 0;           // since the test began
@@ -47,20 +54,53 @@ class FakePort : public PortDriver, public PortLibrary {
   void OutputByte1(std::uint16_t address, std::uint8_t value) override { write(address, value, false); }
   std::uint8_t InputByte1(std::uint16_t address) override { return read(address, false); }
 
-  [[nodiscard]] std::vector<int> bytes() const;  // the bytes written, in order, whatever the address
-  [[nodiscard]] int count(Access::Kind kind) const;
+  // The bytes written, in order, whatever the address.
+  [[nodiscard]] std::vector<int> bytes() const {
+    std::vector<int> written;
+    for (const auto& access : accesses)
+      if (access.kind == Access::Kind::write) written.push_back(access.value);
+    return written;
+  }
+  [[nodiscard]] int count(Access::Kind kind) const {
+    const auto isOne = [kind](const Access& access) { return access.kind == kind; };
+    return static_cast<int>(std::ranges::count_if(accesses, isOne));
+  }
   // Each load-enable pulse with the bits clocked in since the one before, first on the wire first.
-  [[nodiscard]] std::vector<std::string> latches(int clock = 1, int data = 2, int loadEnable = 4) const;
+  [[nodiscard]] std::vector<std::string> latches(int clock = 1, int data = 2, int loadEnable = 4) const {
+    std::vector<std::string> words;
+    std::string bits;
+    int before = 0;
+    for (const int now : bytes()) {
+      const int rising = now & ~before;
+      if ((rising & clock) != 0) bits.push_back((now & data) != 0 ? '1' : '0');
+      if ((rising & loadEnable) != 0) words.push_back(std::exchange(bits, {}));
+      before = now;
+    }
+    return words;
+  }
 
   std::vector<Access> accesses;
   // The write, counted from 1, from which on a read gives what was written. Before it, the complement.
   int echoFromWrite = 1;
-  // Accesses that fail, with a std::runtime_error after they were recorded.
+  // Accesses that fail after they were recorded.
   std::function<bool(const Access&)> fails;
 
  private:
-  void write(std::uint16_t address, std::uint8_t value, bool throughDriver);
-  std::uint8_t read(std::uint16_t address, bool throughDriver);
+  void write(std::uint16_t address, std::uint8_t value, bool throughDriver) {
+    ++writes_;
+    record({Access::Kind::write, address, value, throughDriver});
+    registers_[address] = value;
+  }
+  std::uint8_t read(std::uint16_t address, bool throughDriver) {
+    const auto written = registers_[address];
+    const auto value = writes_ >= echoFromWrite ? written : static_cast<std::uint8_t>(~written);
+    record({Access::Kind::read, address, value, throughDriver});
+    return value;
+  }
+  void record(const Access& access) {
+    accesses.push_back(access);
+    if (fails && fails(access)) throw std::runtime_error("the port does not work");
+  }
 
   std::map<std::uint16_t, std::uint8_t> registers_;
   int writes_ = 0;
@@ -74,11 +114,23 @@ class FakeUsb : public UsbInterface {
  public:
   void UsbOpen(int device) override { record("open " + std::to_string(device)); }
   void UsbClose() override { record("close"); }
-  void UsbWritePort(std::string_view port, std::uint8_t pins) override;
-  std::uint8_t UsbReadPort(std::string_view port) override;
+  void UsbWritePort(std::string_view port, std::uint8_t pins) override {
+    record("write " + std::string(port) + " " + std::to_string(pins));
+  }
+  std::uint8_t UsbReadPort(std::string_view port) override {
+    record("read " + std::string(port));
+    return portPins;
+  }
   void UsbShiftWord(std::string_view clockPin, std::string_view dataPin, std::string_view loadPin,
-                    std::string_view sparePin, int mode, std::string_view word) override;
-  std::uint8_t UsbReadPin(std::string_view pin) override;
+                    std::string_view sparePin, int mode, std::string_view word) override {
+    std::string call = "shift ";
+    for (const auto pin : {clockPin, dataPin, loadPin, sparePin}) call.append(pin).append(" ");
+    record(call + std::to_string(mode) + " " + std::string(word));
+  }
+  std::uint8_t UsbReadPin(std::string_view pin) override {
+    record("pin " + std::string(pin));
+    return lockPin;
+  }
 
   std::vector<std::string> calls;
   std::uint8_t portPins = 0;
@@ -86,7 +138,10 @@ class FakeUsb : public UsbInterface {
   bool fails = false;
 
  private:
-  void record(const std::string& call);
+  void record(const std::string& call) {
+    calls.push_back(call);
+    if (fails) throw std::runtime_error("the USB interface does not answer");
+  }
 };
 
 class FakeHost : public Host {
@@ -98,12 +153,29 @@ class FakeHost : public Host {
 
   std::optional<HostVersion> GetVersionExA() override { return version; }
   void startPortDriver() override { startProgram("port driver"); }
-  void startProgram(const std::string& path) override;
+  void startProgram(const std::string& path) override {
+    programs.push_back(path);
+    if (startFails) throw std::runtime_error("no such program: " + path);
+  }
   long RegOpenKeyExA(std::uint32_t root, const std::string& key, std::uint32_t access,
-                     std::uintptr_t& handle) override;
-  long RegQueryValueExA(std::uintptr_t handle, const std::string& name, std::uint32_t& type,
-                        std::string& data) override;
-  void RegCloseKey(std::uintptr_t handle) override;
+                     std::uintptr_t& handle) override {
+    calls.push_back("open " + std::to_string(root) + ' ' + std::to_string(access));
+    handle = kHandle;
+    openKey_ = key + "\\";
+    const auto entry = registry.lower_bound(openKey_);
+    return entry != registry.end() && entry->first.starts_with(openKey_) ? 0 : kNotFound;
+  }
+  long RegQueryValueExA(std::uintptr_t, const std::string& name, std::uint32_t& type,
+                        std::string& data) override {
+    const auto entry = registry.find(openKey_ + name);
+    if (entry == registry.end()) return kNotFound;
+    type = entry->second.type;
+    data = entry->second.data;
+    return 0;
+  }
+  void RegCloseKey(std::uintptr_t handle) override {
+    calls.emplace_back(handle == kHandle ? "close" : "close another");
+  }
   std::vector<std::string> drives() override { return roots; }
 
   std::optional<HostVersion> version = HostVersion{2, 5, 1};
@@ -114,6 +186,9 @@ class FakeHost : public Host {
   std::vector<std::string> roots{"/"};
 
  private:
+  static constexpr std::uintptr_t kHandle = 5;
+  static constexpr long kNotFound = 2;
+
   std::string openKey_;
 };
 
@@ -130,14 +205,37 @@ class FakeScreen : public Screen {
   explicit FakeScreen(FakeClock& clock) : clock_(clock) {}
 
   // Runs `action` in the first processEvents at or after `milliseconds` from now.
-  void at(int milliseconds, std::function<void()> action);
+  void at(int milliseconds, std::function<void()> action) {
+    actions_.add(clock_.elapsed + milliseconds * (FakeClock::kSecond / 1000), std::move(action));
+  }
 
-  void messageBox(const std::string& text, Icon icon, const std::string& title) override;
-  void showModal(forms::Form& form) override;
+  void messageBox(const std::string& text, Icon icon, const std::string& title) override {
+    messages.push_back({text, icon, title});
+    if (whileMessageIsOpen) whileMessageIsOpen();
+  }
+  void showModal(forms::Form& form) override {
+    form.Show();
+    {
+      const forms::Modality modality(form);
+      if (whileModal) whileModal(form);
+    }
+    if (form.Visible) form.Unload();
+  }
   void repaint(forms::Control&) override {}
-  void processEvents() override;
-  void sleepUntilEvent(double seconds) override;
-  [[noreturn]] void endProgram() override;
+  void processEvents() override {
+    ++eventRounds;
+    while (actions_.runOne(clock_.elapsed)) continue;
+    if (ended) throw ProgramEnded();
+  }
+  void sleepUntilEvent(double seconds) override {
+    const auto span = std::llround(seconds * static_cast<double>(FakeClock::kSecond));
+    const auto end = clock_.elapsed + std::max<std::int64_t>(1, span);
+    clock_.elapsed = std::max(clock_.elapsed, actions_.next(end));
+  }
+  [[noreturn]] void endProgram() override {
+    ended = true;
+    throw ProgramEnded{};
+  }
 
   std::vector<Message> messages;
   std::function<void()> whileMessageIsOpen;

@@ -24,9 +24,6 @@ struct PLLProbe {
 
   static double nTotal(const PLL& pll) { return pll.NTotal; }
   static double rTotal(const PLL& pll) { return pll.RTotal; }
-  static double bCount(const PLL& pll) { return pll.BCount; }
-  static double aCount(const PLL& pll) { return pll.ACount; }
-  static const String& prevR2(const PLL& pll) { return pll.Prev_R2; }
 
   static std::vector<Integer>& phaseTable(PLL& pll) { return pll.PhaseTable; }
   static std::vector<Single>& bandLow(PLL& pll) { return pll.CurrentSet2.low; }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -36,12 +37,12 @@ struct ProgramBench : Hand {
   void clickAt(int milliseconds, const std::string& name) {
     host.screen.at(milliseconds, [this, name] { click(name); });
   }
-  // The names of those of `names` that are visible.
-  Texts shown(const Texts& names) {
-    Texts result;
-    for (const auto& name : names) {
-      if (visible(name)) result.push_back(name);
-    }
+  // Those of some names, with blanks between, that are visible.
+  [[nodiscard]] std::string shown(const std::string& names) const {
+    std::istringstream in(names);
+    std::string result;
+    for (std::string name; in >> name;)
+      if (visible(name)) result += (result.empty() ? "" : " ") + name;
     return result;
   }
   [[nodiscard]] Texts messages() const {

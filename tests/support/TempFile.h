@@ -12,11 +12,7 @@ namespace tessarine {
 
 class TempFile {
  public:
-  explicit TempFile(std::string_view text)
-      : path_(std::filesystem::temp_directory_path() /
-              ("tessarine-" + std::to_string(std::random_device{}()))) {
-    write(text);
-  }
+  explicit TempFile(std::string_view text) { write(text); }
   TempFile(const TempFile&) = delete;
   TempFile& operator=(const TempFile&) = delete;
   ~TempFile() {
@@ -28,7 +24,8 @@ class TempFile {
   [[nodiscard]] std::string path() const { return path_.string(); }
 
  private:
-  std::filesystem::path path_;
+  std::filesystem::path path_ =
+      std::filesystem::temp_directory_path() / ("tessarine-" + std::to_string(std::random_device{}()));
 };
 
 }  // namespace tessarine

@@ -1,9 +1,6 @@
-#include <cstddef>
+#include <array>
 #include <string>
-#include <tuple>
-#include <utility>
 #include <variant>
-#include <vector>
 
 #include "support/ProgramBench.h"
 
@@ -16,80 +13,70 @@ void openPanel(ProgramBench& bench, const std::string& model) {
   bench.click("ACommand");
 }
 
-// One control, what the operator does to it, and what the engine must then hold.
-struct Choice {
-  const char* control;
-  const char* value;
-  std::variant<Integer PLL::*, String PLL::*> member;
-  const char* expected;
-};
-
-const struct {
-  const char* model;
-  std::vector<Choice> choices;
-} kPanels[] = {
-    {"ADF4113",
-     {{"PrescalarText", " 32/33 ", &PLL::PreScalar, "32"},
-      {"PrescalarText", "8.5", &PLL::PreScalar, "8"},
-      {"PrescalarText", "9.5", &PLL::PreScalar, "10"},
-      {"PrescalarText", "x", &PLL::PreScalar, "0"},
-      {"Label33(0)", "click", &PLL::FuncInit, "0"},
-      {"Label33(1)", "click", &PLL::FuncInit, "1"},
-      {"Option3(0)", "1", &PLL::CPGain, "0"}}},
-    {"ADF4251", {{"XLabel", "click", &PLL::RFRefDoubler, "1"}, {"RText", " 7x", &PLL::RF_R_Counter, " 7x"}}},
-    {"ADF4156",
-     {{"Check11(0)", "1", &PLL::FastLock_4531, "1"},
-      {"Label43", "click", &PLL::Normal_LCD_Mode_4531, "1"},
-      {"Label43", "click", &PLL::Normal_LCD_Mode_4531, "0"},
-      {"Text27", "2.5", &PLL::RCounter_4531, "2"}}},
-    {"ADF4193",
-     {{"Combo10(1)", "Disable", &PLL::R1_REF2, "0"},
-      {"Check16", "1", &PLL::R1_DoublerEnable, "1"},
-      {"Text36(0)", "0", &PLL::R1_RFCounter, "0000"},
-      {"Text36(0)", "15", &PLL::R1_RFCounter, "1111"},
-      {"Text36(0)", "16", &PLL::R1_RFCounter, "1000"},
-      {"Text36(1)", "5", &PLL::R2_PhaseValue, "000000000101"},
-      {"Combo10(3)", "Negative", &PLL::R3_PFD, "0"},
-      {"Text36(2)", "5", &PLL::R4_TimeOutCounter, "000000101"},
-      {"Text36(2)", "5", &PLL::R4_TimeOutCounter_2, "000000101"},
-      {"Text36(2)", "5", &PLL::R4_TimeOutCounter_3, "111111111"},    // the leftmost nine digits of -2
-      {"Text36(2)", "8.5", &PLL::R4_TimeOutCounter_3, "000000010"},  // 1.5, to even
-      {"Text36(2)", "600", &PLL::R4_TimeOutCounter, "100101100"},
-      {"Text36(2)", "9", &PLL::R4_TimerSelect, "00"},
-      {"Combo10(4)", "SW3", &PLL::R4_TimerSelect, "01"},
-      {"Combo10(4)", "SW3", &PLL::R4_TimerSelect_2, "00"},
-      {"Combo10(4)", "SW3", &PLL::R4_TimerSelect_3, "10"},
-      {"Combo10(4)", "ICP", &PLL::R4_TimerSelect, "10"},
-      {"Combo10(4)", "ICP", &PLL::R4_TimerSelect_3, "01"},
-      {"Combo10(4)", "ICP", &PLL::R4_TimeOutCounter_2, "000010000"},
-      {"Combo10(4)", "ICP", &PLL::R4_TimeOutCounter_3, "000010000"},
-      {"Combo10(4)", "Not Used", &PLL::R4_TimerSelect, "11"},
-      {"Combo10(4)", "Not Used", &PLL::R4_TimerSelect_3, "01"},
-      {"Combo10(10)", "SW3 Timeout Signal", &PLL::R6_MuxOut, "1011"}}},
-    {"SKY72300-362",
-     {{"Text46(1)", "5", &PLL::Aux_RefDiv, "5"},
-      {"Label70", "click", &PLL::Main_LDEnable, "1"},
-      {"Label70", "click", &PLL::Main_LDEnable, "0"},
-      {"Label71", "click", &PLL::Aux_LDEnable, "1"}}},
-};
-
 TEST(Panels, EachChoiceReachesItsMember) {
-  for (const auto& panel : kPanels) {
-    ProgramBench bench(panel.model);
-    openPanel(bench, panel.model);
-    for (const Choice& choice : panel.choices) {
-      SCOPED_TRACE(std::string(choice.control) + " " + choice.value);
-      if (std::string(choice.value) == "click") {
-        bench.click(choice.control);
-      } else {
-        bench.set(choice.control, choice.value);
-      }
-      bench.window.FracRegister();
-      const auto text = std::holds_alternative<String PLL::*>(choice.member)
-                            ? bench.pll.*std::get<String PLL::*>(choice.member)
-                            : std::to_string(bench.pll.*std::get<Integer PLL::*>(choice.member));
-      EXPECT_EQ(text, choice.expected);
+  const struct {
+    const char *model, *control, *value;
+    std::variant<Integer PLL::*, String PLL::*> member;
+    const char* expected;
+  } rows[] = {
+      {"ADF4113", "PrescalarText", " 32/33 ", &PLL::PreScalar, "32"},
+      {"ADF4113", "PrescalarText", "8.5", &PLL::PreScalar, "8"},
+      {"ADF4113", "PrescalarText", "9.5", &PLL::PreScalar, "10"},
+      {"ADF4113", "PrescalarText", "x", &PLL::PreScalar, "0"},
+      {"ADF4113", "Label33(0)", "click", &PLL::FuncInit, "0"},
+      {"ADF4113", "Label33(1)", "click", &PLL::FuncInit, "1"},
+      {"ADF4113", "Option3(1)", "click", &PLL::CPGain, "1"},
+      {"LMX2316", "Option7(1)", "click", &PLL::GoBit, "1"},  // the one that starts selected
+      {"LMX2316", "Option7(0)", "click", &PLL::GoBit, "0"},
+      {"ADF4251", "XLabel", "click", &PLL::RFRefDoubler, "1"},
+      {"ADF4251", "RText", " 7x", &PLL::RF_R_Counter, " 7x"},
+      {"ADF4156", "Label43", "click", &PLL::Normal_LCD_Mode_4531, "1"},
+      {"ADF4156", "Label43", "click", &PLL::Normal_LCD_Mode_4531, "0"},
+      {"ADF4193", "Combo10(3)", "Negative", &PLL::R3_PFD, "0"},
+      {"ADF4193", "Combo10(10)", "SW3 Timeout Signal", &PLL::R6_MuxOut, "1011"},
+      {"SKY72300-362", "Text46(1)", "5", &PLL::Aux_RefDiv, "5"},
+      {"SKY72300-362", "Label70", "click", &PLL::Main_LDEnable, "1"},
+      {"SKY72300-362", "Label70", "click", &PLL::Main_LDEnable, "0"},
+      {"SKY72300-362", "Label71", "click", &PLL::Aux_LDEnable, "1"},
+  };
+  ProgramBench bench("LMX2306");
+  for (const auto& row : rows) {
+    SCOPED_TRACE(std::string(row.control) + ' ' + row.value);
+    if (bench.program.module.CurrentModel != row.model) openPanel(bench, row.model);
+    if (row.value == std::string("click")) {
+      bench.click(row.control);
+    } else {
+      bench.set(row.control, row.value);
     }
+    bench.window.FracRegister();
+    const auto text = std::holds_alternative<String PLL::*>(row.member)
+                          ? bench.pll.*std::get<String PLL::*>(row.member)
+                          : std::to_string(bench.pll.*std::get<Integer PLL::*>(row.member));
+    EXPECT_EQ(text, row.expected);
+  }
+}
+
+TEST(Panels, TheTimerChosenIsFollowedByTheOtherTwo) {
+  const struct {
+    const char *choice, *counter;
+    std::array<const char*, 3> select, counters;
+  } rows[] = {
+      {"SW1/SW2", "5", {"00", "01", "10"}, {"000000101", "000000101", "111111111"}},  // of -2
+      {"SW1/SW2", "8.5", {"00", "01", "10"}, {"000001000", "000001000", "000000010"}},
+      {"SW1/SW2", "600", {"00", "01", "10"}, {"100101100", "100101100", "100101000"}},  // of 10 digits
+      {"SW3", "9", {"01", "00", "10"}, {"000001001", "000001001", "000000010"}},
+      {"ICP", "9", {"10", "00", "01"}, {"000001001", "000010000", "000010000"}},
+      {"Not Used", "8", {"11", "00", "01"}, {"000001000", "000010000", "000010000"}}};
+  ProgramBench bench("ADF4193");
+  openPanel(bench, "ADF4193");
+  for (const auto& row : rows) {
+    bench.set({{"Combo10(4)", row.choice}, {"Text36(2)", row.counter}});
+    bench.window.FracRegister();
+    const PLL& pll = bench.pll;
+    EXPECT_EQ((Texts{pll.R4_TimerSelect, pll.R4_TimerSelect_2, pll.R4_TimerSelect_3}),
+              Texts(row.select.begin(), row.select.end()));
+    EXPECT_EQ((Texts{pll.R4_TimeOutCounter, pll.R4_TimeOutCounter_2, pll.R4_TimeOutCounter_3}),
+              Texts(row.counters.begin(), row.counters.end()));
   }
 }
 
@@ -101,65 +88,66 @@ TEST(Panels, AllAreCopiedWhateverTheModelButThatOfTheSKY) {
 }
 
 TEST(Panels, OpenAndCloseWithTheirQuirks) {
+  const struct {
+    const char *act, *shown, *button;  // what is clicked or picked, and the panels and the button's text then
+  } steps[] = {{"LMX2306", "", "Advanced"},
+               {"ACommand", "Frame16", "Advanced"},  // never "Close"
+               {"Command10", "", "Advanced"},
+               {"ADF4113", "", "Advanced"},
+               {"ACommand", "Frame11", "Close"},
+               {"ADF4153", "", "Close"},  // which survives a pick
+               {"ACommand", "", "Advanced"},
+               {"ACommand", "Frame13", "Close"},
+               {"Label17", "", "Advanced"},
+               {"ACommand", "Frame13", "Close"},
+               {"Close1", "", "Close"},
+               {"ADF4252", "", "Close"},
+               {"ACommand", "", "Advanced"},
+               {"ACommand", "Frame12", "Close"},
+               {"Close1", "", "Close"},
+               {"ADF4113", "", "Close"},
+               {"ACommand", "", "Advanced"},
+               {"ACommand", "Frame11", "Close"},
+               {"Close1", "", "Close"},
+               {"ADF4118", "", "Close"},
+               {"ACommand", "", "Advanced"},
+               {"ACommand", "Frame16", "Close"},
+               {"ADF4193", "Frame16", "Close"},  // the one panel that survives a pick
+               {"ACommand", "", "Advanced"},
+               {"ACommand", "Frame17", "Close"},
+               {"ADF4118", "", "Close"},
+               {"ACommand", "", "Advanced"},
+               {"ACommand", "Frame16", "Close"},
+               {"SKY72300-362", "Frame16 Frame24", "Close"},
+               {"Label20", "Frame24", "Advanced"},
+               {"Label76", "", "Advanced"},
+               {"ACommand", "Frame24", "Close"},
+               {"ACommand", "", "Advanced"}};
   ProgramBench bench("LMX2306");
-  bench.click("ACommand");
-  EXPECT_EQ(bench.value("ACommand"), "Advanced") << "an LMX model never shows \"Close\"";
-  bench.click("Command10");
-  EXPECT_FALSE(bench.visible("Frame16"));
-
-  openPanel(bench, "ADF4113");
-  EXPECT_EQ(bench.window.Frame11.Place.get(), (Twips{50, 100, 10500, 2750}));
-  bench.pick("ADF4153");
-  EXPECT_EQ(bench.value("ACommand"), "Close") << "the caption survives a pick";
-  const auto visibleAfter = [&](const char* button, const char* panel) {
-    bench.click(button);
-    return bench.visible(panel);
-  };
-  EXPECT_FALSE(visibleAfter("ACommand", "Frame13"));
-  EXPECT_TRUE(visibleAfter("ACommand", "Frame13"));
-  EXPECT_FALSE(visibleAfter("Label17", "Frame13"));
-
-  bench.pick("ADF4118");
-  bench.click("ACommand");
-  bench.pick("ADF4193");
-  EXPECT_TRUE(bench.visible("Frame16")) << "this one panel survives a pick";
-  openPanel(bench, "ADF4193");
-  openPanel(bench, "SKY72300-362");
-  EXPECT_EQ(bench.shown({"Frame16", "Frame17", "Frame24"}), Texts{"Frame24"});
-  bench.window.Label17_Click();
-  EXPECT_TRUE(bench.visible("Frame24")) << "the other panels' close label leaves it";
-  EXPECT_EQ(bench.value("ACommand"), "Advanced");
-  EXPECT_FALSE(visibleAfter("Label76", "Frame24"));
-  EXPECT_TRUE(visibleAfter("ACommand", "Frame24"));
-  EXPECT_FALSE(visibleAfter("ACommand", "Frame24"));
-}
-
-TEST(Panels, CloseLeavesNoneOfThemOpen) {
-  for (const auto& [model, panel] :
-       {std::pair{"ADF4113", "Frame11"}, {"ADF4252", "Frame12"}, {"ADF4153", "Frame13"}}) {
-    ProgramBench bench(model);
-    bench.click("ACommand");
-    EXPECT_TRUE(bench.visible(panel));
-    bench.click("Close1");
-    EXPECT_FALSE(bench.visible(panel)) << panel;
+  for (const auto& step : steps) {
+    SCOPED_TRACE(step.act);
+    if (bench.program.forms.find(step.act)) {
+      bench.click(step.act);
+    } else {
+      bench.pick(step.act);
+    }
+    EXPECT_EQ(bench.shown("Frame11 Frame12 Frame13 Frame16 Frame17 Frame24"), step.shown);
+    EXPECT_EQ(bench.value("ACommand"), step.button);
   }
 }
 
-TEST(Panels, ImmediateSettingsActAtOnce) {
+TEST(Panels, OptionsAndBitsFollowEachOther) {
   ProgramBench bench("LMX2316");
-  openPanel(bench, "LMX2316");
   EXPECT_EQ(bench.pll.GoBit, "") << "although one option starts selected";
-  bench.click("Option7(1)");
-  EXPECT_EQ(bench.pll.GoBit, "1") << "a click on the selected option counts";
-  bench.click("Option7(0)");
-  EXPECT_EQ(bench.pll.GoBit, "0");
+  openPanel(bench, "LMX2316");
   bench.click("Check1");
   EXPECT_EQ(bench.program.module.PolarityNegative, kTrue);
   openPanel(bench, "ADF4153");
-  bench.click("LDPCheck");
-  EXPECT_EQ(bench.window.LDPCheck.Caption.get(), "LDP=5");
+  for (const char* const caption : {"LDP=5", "LDP=3"}) {
+    bench.click("LDPCheck");
+    EXPECT_EQ(bench.window.LDPCheck.Caption.get(), caption);
+  }
   openPanel(bench, "ADF4252");
-  EXPECT_EQ(bench.value("Option4(0)"), "0");
   bench.click("CRLabel(5)");
   EXPECT_EQ(bench.value("Option4(0)"), "1") << "any control bit selects the noise and spur option";
   for (const char* const option : {"Option4(1)", "Option4(2)"}) {
@@ -170,18 +158,21 @@ TEST(Panels, ImmediateSettingsActAtOnce) {
 
 TEST(Panels, ValueBeyond16BitsIsOneMessageThatNamesItsField) {
   const struct {
-    const char* model;
-    const char* control;
-    const char* field;
+    const char *model, *control, *field;
   } rows[] = {{"ADF4113", "PrescalarText", "PreScalar"},
               {"ADF4153", "Text26", "Resync"},
+              {"ADF4153", "Text27", "RF R Counter"},
+              {"ADF4193", "Text36(0)", "RF R Counter Divide Ratio"},
+              {"ADF4193", "Text36(1)", "Phase Value"},
               {"ADF4193", "Text36(2)", "Time Out Counter"},
-              {"SKY72300-362", "Text46(0)", "Main: Ref Div Value"}};
+              {"SKY72300-362", "Text46(0)", "Main: Ref Div Value"},
+              {"SKY72300-362", "Text46(1)", "Aux: Ref Div Value"},
+              {"SKY72300-362", "Text46(2)", "Main: chrg pump"},
+              {"SKY72300-362", "Text46(3)", "Aux: chrg pump"}};
   for (const auto& row : rows) {
     ProgramBench bench(row.model);
     openPanel(bench, row.model);
-    bench.set("VCOText", "900");
-    bench.set(row.control, "40000");
+    bench.set({{"VCOText", "900"}, {row.control, "40000"}});
     bench.forget();
     bench.click(bench.visible("AllCommand") ? "AllCommand" : "Command14(0)");
     EXPECT_EQ(bench.messages(),

@@ -1,5 +1,3 @@
-// The fractional chips and the ADF4193 as the operator works them: type, click, read the captions, read the
-// wire.
 #include <string>
 #include <vector>
 
@@ -7,29 +5,6 @@
 
 namespace tessarine {
 namespace {
-
-TEST(FractionalCommands, WorkedExamplesToTheBit) {
-  const struct {
-    const char* model;
-    const char* vco;
-    Words words;  // M, F, R, N
-  } rows[] = {{"ADF4153", "1000.2", "3C2/16 383/11 1040C9/24 190004/24"_w},
-              {"ADF4156", "1000.2", "3C2/16 383/11 1040C9/24 190004/24"_w},
-              {"ADF4252", "200.2", "603/11 682/16 8191/21 A0008/24"_w},
-              {"ADF4251", "200.2", "603/11 682/16 8191/21 A0008/24"_w}};
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.model);
-    ProgramBench bench(row.model);
-    bench.tune(row.vco, "4/5");
-    bench.click("AllCommand");
-    EXPECT_TRUE(bench.messages().empty());
-    EXPECT_EQ(bench.latches(), row.words);
-    EXPECT_EQ((Words{bench.value("Mregister"), bench.value("Fregister"), bench.value("Rregister"),
-                     bench.value("Nregister")}),
-              row.words);
-    EXPECT_EQ(bench.value("PFDLabel"), "10000");
-  }
-}
 
 struct ADF4193Bench : ProgramBench {
   explicit ADF4193Bench(int wayOut = 0) : ProgramBench("ADF4193", wayOut) {
@@ -42,9 +17,8 @@ struct ADF4193Bench : ProgramBench {
     click(button);
     if (program.module.PortType == "LPT") return latches();
     Words words;
-    for (const std::string& call : host.usb.calls) {
+    for (const std::string& call : host.usb.calls)
       if (call.starts_with("shift ")) words.push_back(call.substr(call.rfind(' ') + 1));
-    }
     return reversed(words);
   }
 };
@@ -57,9 +31,9 @@ TEST(ADF4193Commands, UpdateSendsWhatHasChanged) {
   EXPECT_EQ(bench.sentBy("Command14(0)"),
             "510411/24 2/16 2180D0/24 4B/16 4004/24 400C/24 7FF4/24 5/8 E/16"_w);
   EXPECT_EQ(bench.value("PFDLabel"), "26000");
-  EXPECT_EQ(bench.value("Fregister"), "000000000000000000000000");
+  EXPECT_EQ(bench.value("Fregister"), std::string(24, '0')) << "nothing for the general captions";
   Texts labels;
-  for (int i = 0; i < 10; ++i) labels.push_back(bench.value("Label21(" + std::to_string(i) + ")"));
+  for (auto& [index, label] : bench.window.Label21.members()) labels.push_back(label.value());
   // As stored; R2 alone in natural order.
   EXPECT_EQ(labels, (Texts{"R0: 000010110000000110000100", "R1: 100010000010000010001010",
                            "R2: 0000000000000010", "R3: 1101001000000000", "R4: 001000000000001000000000",
@@ -73,7 +47,6 @@ TEST(ADF4193Commands, UpdateSendsWhatHasChanged) {
   EXPECT_EQ(bench.sentBy("Command14(0)"), "2A/16"_w);
   bench.window.Combo10(4).ListIndex = 3;  // "Not Used": the second and third word vanish unsent
   EXPECT_EQ(bench.sentBy("Command14(0)"), "401C/24"_w);
-  EXPECT_EQ(bench.pll.Current_R4_2, "");
 }
 
 TEST(ADF4193Commands, InitializationSendsThePowerUpAndFullLoadsRepeatIt) {
@@ -95,21 +68,19 @@ TEST(ADF4193Commands, InitializationSendsThePowerUpAndFullLoadsRepeatIt) {
 }
 
 TEST(ADF4193Commands, PhaseLoadIsRememberedOnTheParallelPortAlone) {
-  const Words phase = "52/16"_w;
   for (const int wayOut : {0, 1}) {
-    SCOPED_TRACE(wayOut);
     ADF4193Bench bench(wayOut);
     bench.click("Command14(0)");
     bench.window.Text36(1).Text = "10";
-    EXPECT_EQ(bench.sentBy("Command14(2)"), phase);
-    EXPECT_EQ(bench.sentBy("Command14(0)"), wayOut == 0 ? Words{} : phase);
+    EXPECT_EQ(bench.sentBy("Command14(2)"), "52/16"_w);
+    EXPECT_EQ(bench.sentBy("Command14(0)"), wayOut == 0 ? Words{} : "52/16"_w);
   }
 }
 
 TEST(ADF4193Commands, NothingToTuneStillReadsLockDetect) {
   ADF4193Bench bench(1);
   bench.host.usb.lockPin = 1;
-  for (const char* vco : {"", "0", "-5", "x"}) {
+  for (const char* vco : {"0", "-5", "x"}) {
     bench.set("VCOText", vco);
     bench.forget();
     bench.click("Command14(1)");
