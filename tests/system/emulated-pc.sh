@@ -60,7 +60,7 @@ why=$(fetchKernel "$cache") || skip "the package of a Debian kernel cannot be ha
 
 # The emulated computer's file system: the programs, what they need, and the scripts.
 rm -rf "$work"
-mkdir -p "$root"/{bin,proc,sys,dev,etc,tmp,modules}
+mkdir -p "$root"/{bin,lib,proc,sys,dev,etc,tmp,modules}
 ln -s bin "$root/sbin"
 cp "$(command -v busybox)" "$root/bin/busybox"
 install -m 755 "$here/guest-init" "$root/init"

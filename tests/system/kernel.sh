@@ -12,7 +12,7 @@ kernelPackage() {
 }
 
 fetchKernel() {
-  local cache=$1 package work module patterns=()
+  local cache=$1 package parts part found work module patterns=()
   [ -e "$cache/vmlinuz" ] && [ "$(cat "$cache/ready" 2> /dev/null)" = "${kernelModules[*]}" ] && return 0
   rm -rf "$cache"
   work=$cache/unpack
@@ -23,11 +23,18 @@ fetchKernel() {
     package=$(kernelPackage)
   fi
   [ -n "$package" ] || { echo "no package linux-image-amd64 is listed (apt-get update?)"; return 1; }
-  (cd "$work" && apt-get download -q "$package" > apt.log 2>&1) || { tail -n 3 "$work/apt.log"; return 1; }
+  # Newer kernels come in several packages.
+  parts=$(apt-cache depends "$package" | awk '/Depends: linux-(binary|modules)-/ { print $2 }')
+  (cd "$work" && apt-get download -q "$package" $parts > apt.log 2>&1) || { tail -n 3 "$work/apt.log"; return 1; }
   # Where /lib is a link, packages have their modules below /usr.
   for module in "${kernelModules[@]}"; do patterns+=("./*lib/modules/*/kernel/drivers/$module.ko*"); done
-  dpkg-deb --fsys-tarfile "$work"/*.deb | tar -x -C "$work" --wildcards './boot/vmlinuz-*' "${patterns[@]}" || return 1
-  mv "$work"/boot/vmlinuz-* "$cache/vmlinuz"
+  for part in "$work"/*.deb; do
+    dpkg-deb --fsys-tarfile "$part" |
+      tar -x -C "$work" --wildcards './boot/vmlinuz-*' './*lib/modules/*/vmlinuz' "${patterns[@]}" 2> /dev/null
+  done
+  found=$(find "$work" -name '*.ko*' | wc -l)
+  [ "$found" = "${#kernelModules[@]}" ] || { echo "$package has $found of ${#kernelModules[@]} modules"; return 1; }
+  find "$work" -name 'vmlinuz*' -exec mv {} "$cache/vmlinuz" \;
   mv "$work"/lib/modules "$work"/usr/lib/modules "$cache/" 2> /dev/null
   find "$cache/modules" -name '*.xz' -exec xz -d {} +
   rm -rf "$work"
