@@ -89,12 +89,8 @@ QSize neededSize(const forms::Control& control, const QFont& font) {
       return {widestItem(static_cast<const forms::ListControl&>(control), metrics) + kField + kArrow,
               line + kAround};
     case Kind::CheckBox:
-      return {metrics.horizontalAdvance(shownText(static_cast<const forms::CheckBox&>(control).Caption)) +
-                  line + 2 * kAround,
-              line};
     case Kind::OptionButton:
-      return {metrics.horizontalAdvance(shownText(static_cast<const forms::OptionButton&>(control).Caption)) +
-                  line + 2 * kAround,
+      return {metrics.horizontalAdvance(shownText(control.captionProperty()->get())) + line + 2 * kAround,
               line};
     case Kind::CommandButton:
       return {width + kButton, line + kAround};

@@ -19,19 +19,9 @@ using forms::Twips;
 namespace {
 
 bool namesItself(const Control& control) {
-  switch (control.kind()) {
-    case Kind::TextBox:
-    case Kind::ComboBox:
-    case Kind::DropList:
-    case Kind::DriveListBox:
-    case Kind::DirListBox:
-    case Kind::FileListBox:
-      return false;
-    case Kind::Label:
-      return static_cast<const Label&>(control).look != Look::bit;
-    default:
-      return true;
-  }
+  if (control.kind() == Kind::Label) return static_cast<const Label&>(control).look != Look::bit;
+  const bool isDrawing = control.kind() == Kind::PictureBox || control.kind() == Kind::Line;
+  return isDrawing || control.captionProperty() != nullptr;
 }
 
 bool isBit(const Control& control) { return control.kind() == Kind::Label; }

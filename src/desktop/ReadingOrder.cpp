@@ -6,23 +6,11 @@
 
 namespace tessarine::desktop {
 
-using forms::Kind;
-
 namespace {
 
 using Items = std::vector<Placed>;
 
-bool isField(const Placed& item) {
-  switch (item.control->kind()) {
-    case Kind::TextBox:
-    case Kind::ComboBox:
-    case Kind::DropList:
-    case Kind::CheckBox:
-      return true;
-    default:
-      return false;
-  }
-}
+bool isField(const Placed& item) { return item.control->setting() == forms::Setting::byValue; }
 
 int middle(const Placed& item) { return item.widget->geometry().center().y(); }
 

@@ -46,6 +46,9 @@ struct Twips {
 
 using Event = std::function<void()>;
 
+// How the operator sets what a control holds.
+enum class Setting { none, byValue, byClick };
+
 inline constexpr int kNoIndex = -1;
 
 class Control {
@@ -68,6 +71,8 @@ class Control {
 
   // What the control shows: its caption, its text, or "0" and "1".
   [[nodiscard]] virtual std::string value() const { return {}; }
+  [[nodiscard]] virtual Setting setting() const { return Setting::none; }
+  [[nodiscard]] Property<std::string>* captionProperty() const { return caption_; }  // null where it has none
 
   // What an action of the operator comes to; or why the control does not take it, to stand behind its name.
   struct Effect {
@@ -103,6 +108,8 @@ class Control {
   static void raise(const Event& event);
   // The effect of a control that does nothing by itself. The handler may end with the event replaced.
   [[nodiscard]] static Effect handled(const Event& event);
+
+  Property<std::string>* caption_ = nullptr;
 
  private:
   friend class Form;

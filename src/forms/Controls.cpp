@@ -6,9 +6,8 @@
 
 namespace tessarine::forms {
 
-Label::Label(Container& in, std::string name, int index, std::string caption)
-    : Control(Kind::Label, &in, std::move(name), index) {
-  Caption.start(std::move(caption));
+Setting Label::setting() const {
+  return look == Look::bit || look == Look::clickable ? Setting::byClick : Setting::none;
 }
 
 void Label::changed(Aspect aspect) {
@@ -16,31 +15,9 @@ void Label::changed(Aspect aspect) {
   if (aspect == Aspect::Caption) raise(Change);
 }
 
-TextBox::TextBox(Container& in, std::string name, int index, std::string text)
-    : Control(Kind::TextBox, &in, std::move(name), index) {
-  Text.start(std::move(text));
-}
-
 void TextBox::changed(Aspect aspect) {
   tellObservers(aspect);
   if (aspect == Aspect::Text) raise(Change);
-}
-
-Control::Effect TextBox::onType(std::string_view text) {
-  return {.run = [this, typed = std::string(text)] {
-    Text = typed;
-    raise(KeyUp);
-  }};
-}
-
-CommandButton::CommandButton(Container& in, std::string name, int index, std::string caption)
-    : Control(Kind::CommandButton, &in, std::move(name), index) {
-  Caption.start(std::move(caption));
-}
-
-CheckBox::CheckBox(Container& in, std::string name, int index, std::string caption)
-    : Control(Kind::CheckBox, &in, std::move(name), index) {
-  Caption.start(std::move(caption));
 }
 
 void CheckBox::changed(Aspect aspect) {
@@ -55,11 +32,6 @@ Control::Effect CheckBox::onClick() {
 Control::Effect CheckBox::onSet(std::string_view value) {
   if (value != "0" && value != "1") return {.refusal = "takes 0 or 1"};
   return {.run = [this, on = value == "1"] { Value = on ? 1 : 0; }};
-}
-
-OptionButton::OptionButton(Container& in, std::string name, int index, std::string caption)
-    : Control(Kind::OptionButton, &in, std::move(name), index) {
-  Caption.start(std::move(caption));
 }
 
 void OptionButton::changed(Aspect aspect) {
@@ -111,18 +83,6 @@ Control::Effect ListControl::onSet(std::string_view value) {
   return item < 0 ? Effect{.refusal = "has no item \"" + std::string(value) + '"'} : onPick(item);
 }
 
-ComboBox::ComboBox(Container& in, std::string name, int index, std::string text)
-    : ListControl(Kind::ComboBox, &in, std::move(name), index) {
-  Text.start(std::move(text));
-}
-
-Control::Effect ComboBox::onType(std::string_view text) {
-  return {.run = [this, typed = std::string(text)] {
-    Text = typed;
-    raise(KeyUp);
-  }};
-}
-
 void ComboBox::rebuild(std::vector<std::string> items) {
   picking_ = true;
   ListIndex = -1;
@@ -147,28 +107,9 @@ void ComboBox::changed(Aspect aspect) {
   if (aspect == Aspect::Text && !picking_) raise(Change);
 }
 
-DropList::DropList(Container& in, std::string name, int index, std::string /*ignored*/)
-    : ListControl(Kind::DropList, &in, std::move(name), index) {}
-
 void DropList::changed(Aspect aspect) {
   tellObservers(aspect);
   if (aspect == Aspect::ListIndex) raise(Click);
-}
-
-Frame::Frame(Container& in, std::string name, int index, std::string caption)
-    : Container(Kind::Frame, &in, std::move(name), index) {
-  Caption.start(std::move(caption));
-}
-
-PictureBox::PictureBox(Container& in, std::string name, int index, std::string /*ignored*/)
-    : Container(Kind::PictureBox, &in, std::move(name), index) {}
-
-Line::Line(Container& in, std::string name, int index, std::string /*ignored*/)
-    : Control(Kind::Line, &in, std::move(name), index) {}
-
-Menu::Menu(Container& in, std::string name, int index, std::string caption)
-    : Container(Kind::Menu, &in, std::move(name), index) {
-  Caption.start(std::move(caption));
 }
 
 }  // namespace tessarine::forms

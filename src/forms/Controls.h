@@ -2,10 +2,10 @@
 #pragma once
 
 #include <cstdint>
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "forms/Control.h"
@@ -24,13 +24,53 @@ enum class Look {
   caption,    // centred over or under the bits that it names
 };
 
-class Label : public Control {
+// What each kind is declared with: its place in the form, and what it shows at first.
+template <Kind kind, class Base = Control>
+class Of : public Base {
  public:
-  Label(Container& in, std::string name, int index, std::string caption);
+  Of(Container& in, std::string name, int index, std::string_view /*shown*/)
+      : Base(kind, &in, std::move(name), index) {}
+};
+
+template <Kind kind, class Base = Control>
+class Captioned : public Of<kind, Base> {
+ public:
+  Captioned(Container& in, std::string name, int index, std::string text)
+      : Of<kind, Base>(in, std::move(name), index, text) {
+    Caption.start(std::move(text));
+    this->caption_ = &Caption;
+  }
   [[nodiscard]] std::string value() const override { return Caption; }
-  Effect onClick() override { return handled(Click); }
 
   Property<std::string> Caption{*this, Aspect::Caption};
+};
+
+// With a text that the operator types.
+template <Kind kind, class Base = Control>
+class Typed : public Of<kind, Base> {
+ public:
+  Typed(Container& in, std::string name, int index, std::string text)
+      : Of<kind, Base>(in, std::move(name), index, text) {
+    Text.start(std::move(text));
+  }
+  [[nodiscard]] std::string value() const override { return Text; }
+  [[nodiscard]] Setting setting() const override { return Setting::byValue; }
+  Control::Effect onType(std::string_view text) override {
+    return {.run = [this, typed = std::string(text)] {
+      Text = typed;
+      Control::raise(this->KeyUp);
+    }};
+  }
+
+  Property<std::string> Text{*this, Aspect::Text};
+};
+
+class Label : public Captioned<Kind::Label> {
+ public:
+  using Captioned::Captioned;
+  [[nodiscard]] Setting setting() const override;
+  Effect onClick() override { return handled(Click); }
+
   Property<std::optional<std::uint32_t>> BackColor{*this, Aspect::BackColor};  // red + 256 green + 65536 blue
   Look look = Look::plain;
 
@@ -38,37 +78,32 @@ class Label : public Control {
   void changed(Aspect aspect) override;  // Caption raises Change
 };
 
-class TextBox : public Control {
+class TextBox : public Typed<Kind::TextBox> {
  public:
-  TextBox(Container& in, std::string name, int index, std::string text);
-  [[nodiscard]] std::string value() const override { return Text; }
-  Effect onType(std::string_view text) override;
-
-  Property<std::string> Text{*this, Aspect::Text};
+  using Typed::Typed;
 
  protected:
   void changed(Aspect aspect) override;  // Text raises Change
 };
 
-class CommandButton : public Control {
+// In the caption "&" marks the access key.
+class CommandButton : public Captioned<Kind::CommandButton> {
  public:
-  CommandButton(Container& in, std::string name, int index, std::string caption);
-  [[nodiscard]] std::string value() const override { return Caption; }
+  using Captioned::Captioned;
   Effect onClick() override { return handled(Click); }
 
-  Property<std::string> Caption{*this, Aspect::Caption};  // "&" marks the access key
-  bool Default = false;                                   // Enter clicks it
-  bool Cancel = false;                                    // Escape clicks it
+  bool Default = false;  // Enter clicks it
+  bool Cancel = false;   // Escape clicks it
 };
 
-class CheckBox : public Control {
+class CheckBox : public Captioned<Kind::CheckBox> {
  public:
-  CheckBox(Container& in, std::string name, int index, std::string caption);
+  using Captioned::Captioned;
   [[nodiscard]] std::string value() const override { return std::to_string(Value.get()); }
+  [[nodiscard]] Setting setting() const override { return Setting::byValue; }
   Effect onClick() override;
   Effect onSet(std::string_view value) override;
 
-  Property<std::string> Caption{*this, Aspect::Caption};
   Property<int> Value{*this, Aspect::Value};  // 0 or 1
 
  protected:
@@ -76,14 +111,14 @@ class CheckBox : public Control {
 };
 
 // One of the option buttons of its container can be selected at a time.
-class OptionButton : public Control {
+class OptionButton : public Captioned<Kind::OptionButton> {
  public:
-  OptionButton(Container& in, std::string name, int index, std::string caption);
+  using Captioned::Captioned;
   [[nodiscard]] std::string value() const override { return Value ? "1" : "0"; }
+  [[nodiscard]] Setting setting() const override { return Setting::byClick; }
   Effect onClick() override;
   Effect onSet(std::string_view value) override;
 
-  Property<std::string> Caption{*this, Aspect::Caption};
   Property<bool> Value{*this, Aspect::Value};
 
  protected:
@@ -115,18 +150,14 @@ class ListControl : public Control {
 };
 
 // An editable combo box.
-class ComboBox : public ListControl {
+class ComboBox : public Typed<Kind::ComboBox, ListControl> {
  public:
-  ComboBox(Container& in, std::string name, int index, std::string text);
-  [[nodiscard]] std::string value() const override { return Text; }
-  Effect onType(std::string_view text) override;
+  using Typed::Typed;
   Effect onSet(std::string_view value) override { return onType(value); }
   // Puts a new list in place of the old one; the text goes with it. Raises nothing.
   void rebuild(std::vector<std::string> items);
   // Picks an item: its text is taken over and Click is raised.
   void pick(int item);
-
-  Property<std::string> Text{*this, Aspect::Text};
 
  protected:
   void changed(Aspect aspect) override;  // Text raises Change
@@ -137,45 +168,38 @@ class ComboBox : public ListControl {
 };
 
 // A pick-only list.
-class DropList : public ListControl {
+class DropList : public Of<Kind::DropList, ListControl> {
  public:
-  DropList(Container& in, std::string name, int index, std::string ignored);
+  using Of::Of;
   [[nodiscard]] std::string value() const override { return Text(); }
   [[nodiscard]] std::string Text() const { return picked(); }
+  [[nodiscard]] Setting setting() const override { return Setting::byValue; }
 
  protected:
   void changed(Aspect aspect) override;  // ListIndex raises Click
 };
 
-class Frame : public Container {
+class Frame : public Captioned<Kind::Frame, Container> {
  public:
-  Frame(Container& in, std::string name, int index, std::string caption);
-  [[nodiscard]] std::string value() const override { return Caption; }
-  Effect onClick() override { return handled(Click); }
-
-  Property<std::string> Caption{*this, Aspect::Caption};
-};
-
-class PictureBox : public Container {
- public:
-  PictureBox(Container& in, std::string name, int index, std::string ignored);
+  using Captioned::Captioned;
   Effect onClick() override { return handled(Click); }
 };
 
-class Line : public Control {
+class PictureBox : public Of<Kind::PictureBox, Container> {
  public:
-  Line(Container& in, std::string name, int index, std::string ignored);
+  using Of::Of;
+  Effect onClick() override { return handled(Click); }
 };
+
+using Line = Of<Kind::Line>;
 
 // A menu or a menu entry; the caption "-" is a separator.
-class Menu : public Container {
+class Menu : public Captioned<Kind::Menu, Container> {
  public:
-  Menu(Container& in, std::string name, int index, std::string caption);
-  [[nodiscard]] std::string value() const override { return Caption; }
+  using Captioned::Captioned;
   Effect onClick() override { return isSeparator() ? Container::onClick() : handled(Click); }
   [[nodiscard]] bool isSeparator() const { return Caption == "-"; }
 
-  Property<std::string> Caption{*this, Aspect::Caption};
   Property<bool> Checked{*this, Aspect::Checked};
   std::string shortcut;  // "Ctrl+C"
 };

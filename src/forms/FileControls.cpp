@@ -71,9 +71,6 @@ bool matchesPattern(std::string_view name, std::string_view patterns) {
   }
 }
 
-DriveListBox::DriveListBox(Container& in, std::string name, int index, std::string /*ignored*/)
-    : ListControl(Kind::DriveListBox, &in, std::move(name), index) {}
-
 bool DriveListBox::select(const std::string& path) {
   int best = -1;
   std::size_t length = 0;
@@ -95,9 +92,6 @@ void DriveListBox::changed(Aspect aspect) {
   tellObservers(aspect);
   if (aspect == Aspect::ListIndex) raise(Change);
 }
-
-DirListBox::DirListBox(Container& in, std::string name, int index, std::string /*ignored*/)
-    : ListControl(Kind::DirListBox, &in, std::move(name), index) {}
 
 // Opening it is the one sure test.
 bool DirListBox::canEnter(const std::string& path) {
@@ -175,9 +169,6 @@ void DirListBox::rebuild() {
   List = std::move(lines);
   ListIndex = depth_ - 1;
 }
-
-FileListBox::FileListBox(Container& in, std::string name, int index, std::string /*ignored*/)
-    : ListControl(Kind::FileListBox, &in, std::move(name), index) {}
 
 void FileListBox::changed(Aspect aspect) {
   if (aspect == Aspect::Text || aspect == Aspect::Value) rebuild();

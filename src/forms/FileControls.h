@@ -11,9 +11,9 @@
 namespace tessarine::forms {
 
 // The drives of the host; where it has no drive letters, the root and the mounted volumes.
-class DriveListBox : public ListControl {
+class DriveListBox : public Of<Kind::DriveListBox, ListControl> {
  public:
-  DriveListBox(Container& in, std::string name, int index, std::string ignored);
+  using Of::Of;
   [[nodiscard]] std::string value() const override { return picked(); }
   // Selects the drive that holds `path`, the longest match; false where none does.
   bool select(const std::string& path);
@@ -24,9 +24,9 @@ class DriveListBox : public ListControl {
 
 // The directories on the way down to Path, then those below it. Entering one (double click, Enter) moves
 // Path.
-class DirListBox : public ListControl {
+class DirListBox : public Of<Kind::DirListBox, ListControl> {
  public:
-  DirListBox(Container& in, std::string name, int index, std::string ignored);
+  using Of::Of;
   [[nodiscard]] std::string value() const override { return Path; }
   [[nodiscard]] static bool canEnter(const std::string& path);
   // Moves to a directory. Throws std::filesystem::filesystem_error when it cannot be read.
@@ -54,9 +54,9 @@ class DirListBox : public ListControl {
 
 // The files of Path whose names match Pattern: "*" and "?", several patterns parted by ";"; "*.*" is every
 // file.
-class FileListBox : public ListControl {
+class FileListBox : public Of<Kind::FileListBox, ListControl> {
  public:
-  FileListBox(Container& in, std::string name, int index, std::string ignored);
+  using Of::Of;
   [[nodiscard]] std::string value() const override { return picked(); }
   [[nodiscard]] std::string FileName() const { return picked(); }
   void refresh() { rebuild(); }

@@ -34,25 +34,11 @@ struct Scene {
   Integer modelIndex;
 };
 
-bool hasCaption(const PllForm1& window, const Control& control) {
+bool changesCaption(const PllForm1& window, const Control& control) {
   for (const auto& [index, prompt] : window.Label16.members()) {
     if (&prompt == &control) return true;
   }
   return control.kind() == Kind::Frame || control.kind() == Kind::CommandButton;
-}
-
-template <class Visit>
-void visitCaption(Control& control, Visit&& visit) {
-  switch (control.kind()) {
-    case Kind::Label:
-      return visit(static_cast<forms::Label&>(control).Caption);
-    case Kind::Frame:
-      return visit(static_cast<forms::Frame&>(control).Caption);
-    case Kind::CommandButton:
-      return visit(static_cast<forms::CommandButton&>(control).Caption);
-    default:
-      return;
-  }
 }
 
 Scene sceneAt(const Program& program) {
@@ -63,7 +49,7 @@ Scene sceneAt(const Program& program) {
         {.visible = control->Visible,
          .enabled = control->Enabled,
          .place = control->Place,
-         .caption = hasCaption(program.window, *control) ? control->value() : std::string(),
+         .caption = changesCaption(program.window, *control) ? control->value() : std::string(),
          .checked = control->kind() == Kind::Menu && static_cast<const forms::Menu*>(control)->Checked});
   }
   return scene;
@@ -77,9 +63,7 @@ void putUp(const Scene& scene, Program& program) {
     control->Visible = sight->visible;
     control->Enabled = sight->enabled;
     control->Place = sight->place;
-    if (hasCaption(program.window, *control)) {
-      visitCaption(*control, [&](auto& caption) { caption = sight->caption; });
-    }
+    if (changesCaption(program.window, *control)) *control->captionProperty() = sight->caption;
     if (control->kind() == Kind::Menu) static_cast<forms::Menu*>(control)->Checked = sight->checked;
     ++sight;
   }
@@ -93,7 +77,7 @@ std::string panelsOf(const Program& program) {
   for (const Control* const control : window.controls()) {
     if (belongsToSweep(window, *control) || isFrameOfMode(window, *control)) continue;
     text += static_cast<char>('0' + (control->Visible ? 1 : 0) + (control->Enabled ? 2 : 0));
-    if (hasCaption(window, *control)) text += control->value() + '\n';
+    if (changesCaption(window, *control)) text += control->value() + '\n';
   }
   const Twips place = window.Frame24.Place;  // a panel may be open without room
   return window.Frame24.Visible ? text + std::to_string(place.Width) : text;

@@ -17,25 +17,8 @@ namespace {
 
 using forms::Control;
 using forms::Kind;
+using forms::Setting;
 using Clicks = RouteFinder::Clicks;
-
-// Whether the operator sets what the control holds.
-bool isSetting(const Control& control) {
-  switch (control.kind()) {
-    case Kind::TextBox:
-    case Kind::ComboBox:
-    case Kind::DropList:
-    case Kind::CheckBox:
-    case Kind::OptionButton:
-      return true;
-    case Kind::Label: {
-      const forms::Look look = static_cast<const forms::Label&>(control).look;
-      return look == forms::Look::bit || look == forms::Look::clickable;
-    }
-    default:
-      return false;
-  }
-}
 
 // Does on a stand-in, which begins as a fresh program, what leads to the settings of `present`. What it does
 // is the script: so every line of it is one that the door lets in.
@@ -80,7 +63,7 @@ class Copyist {
 
   [[nodiscard]] bool differs(std::size_t place) {
     const Control& control = wanted(place);
-    if (!isSetting(control) || control.value() == own(place).value()) return false;
+    if (control.setting() == Setting::none || control.value() == own(place).value()) return false;
     // Selecting one option clears the others.
     if (control.kind() == Kind::OptionButton) return control.value() == "1";
     return wantedValue(control) != own(place).value();
@@ -110,13 +93,10 @@ class Copyist {
   }
 
   void take(Control& control, const std::string& value) {
-    switch (control.kind()) {
-      case Kind::Label:
-      case Kind::OptionButton:
-        (void)program_.door.click(control);
-        return;
-      default:
-        (void)program_.door.set(control, value);
+    if (control.setting() == Setting::byClick) {
+      (void)program_.door.click(control);
+    } else {
+      (void)program_.door.set(control, value);
     }
   }
 
