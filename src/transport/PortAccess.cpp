@@ -99,7 +99,7 @@ void DelayMs(Module1& module, Integer Milliseconds) {
   // whole milliseconds end a tick late.
   const Single wait = static_cast<Single>(Milliseconds) / 1000;
   const double start = clock.secondsSinceMidnight();
-  for (double elapsed = secondsSince(start, clock); toSingle(elapsed) < wait;) {
+  for (double elapsed = 0; toSingle(elapsed) < wait;) {
     // Events of the round before may have taken their time.
     const double left = static_cast<double>(wait) - secondsSince(start, clock);
     if (left > 0) screen.sleepUntilEvent(left);

@@ -3,13 +3,16 @@
 #pragma once
 
 #include <cstdint>
+#include <string_view>
 
 #include "engine/Module1.h"
 
 namespace tessarine {
 
 // Whether the way out is the USB interface.
-[[nodiscard]] inline bool usesUsb(const Module1& module) { return module.PortType == "USB"; }
+[[nodiscard]] inline bool usesUsb(const Module1& module) {
+  return module.PortType == std::string_view("USB");
+}
 
 // Writes a byte and, on the parallel port, reads it back with up to 110 tries. 1: confirmed; 0: given up,
 // after a beep and a message, or on USB.

@@ -1,4 +1,7 @@
 // How words reach the chip: bit by bit over clock and data, then a pulse on load enable.
+#include <array>
+#include <cstddef>
+#include <memory_resource>
 #include <string>
 
 #include "engine/PLL.h"
@@ -24,7 +27,9 @@ void PLL::ShiftOut(const String& Word) {
     return;
   }
   // A copy: a port that is retried lets events run, and these may rebuild the member that Word refers to.
-  const String bits = Word;  // NOLINT(performance-unnecessary-copy-initialization)
+  std::array<std::byte, 64> room{};
+  std::pmr::monotonic_buffer_resource memory(room.data(), room.size());
+  const std::pmr::string bits(Word, &memory);
   PortLines port(module_);
   port.write(0);
   for (auto bit = bits.rbegin(); bit != bits.rend(); ++bit) {
