@@ -98,13 +98,14 @@ void DelayMs(Module1& module, Integer Milliseconds) {
   // Compared as Singles: the last digits of a time of day in Double are noise, which would let a wait of
   // whole milliseconds end a tick late.
   const Single wait = static_cast<Single>(Milliseconds) / 1000;
+  if (wait <= 0) return;
   const double start = clock.secondsSinceMidnight();
-  for (double elapsed = 0; toSingle(elapsed) < wait;) {
-    // Events of the round before may have taken their time.
-    const double left = static_cast<double>(wait) - secondsSince(start, clock);
+  for (double left = wait;;) {
     if (left > 0) screen.sleepUntilEvent(left);
-    elapsed = secondsSince(start, clock);
+    const double elapsed = secondsSince(start, clock);
     screen.processEvents();
+    if (toSingle(elapsed) >= wait) return;
+    left = static_cast<double>(wait) - secondsSince(start, clock);  // the events may have taken their time
   }
 }
 
