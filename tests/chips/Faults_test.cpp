@@ -1,6 +1,7 @@
-// What a calculation refuses, by the chip.
+// What a calculation refuses, by the chip. apps/ReachReader_test.cpp has the texts of the rest.
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <cstddef>
 #include <string>
 #include <tuple>
@@ -21,75 +22,38 @@ TEST(Faults, ARefusedCalculationChangesNothingButWordsThatAnADF4153HasBuilt) {
   } cases[] = {
       {"ADF4113", [](auto& b) { b.pll.Fvco = 270, b.pll.PreScalar = 128; },
        "A = 70 does not fit 6 bits (0 to 63)"},
-      {"LMX2316", [](auto& b) { b.pll.Fvco = 1286.4, b.pll.PreScalar = 64; },
-       "A = 32 does not fit 5 bits (0 to 31)"},
       {"LMX2315", [](auto& b) { b.pll.Fvco = 76.8, b.pll.PreScalar = 256; },
        "A = 128 does not fit 7 bits (0 to 127)"},
-      {"ADF4113", [](auto& b) { b.pll.Fvco = 13107.2; }, "B = 8192 does not fit 13 bits (0 to 8191)"},
-      {"LMX2320", [](auto& b) { b.pll.Fvco = 3276.8; }, "B = 2048 does not fit 11 bits (0 to 2047)"},
       {"LMX2306", [](auto& b) { b.pll.Fvco = -900; }, "B = -563 does not fit 13 bits (0 to 8191)"},
       {"ADF4112", [](auto& b) { b.pll.Fvco = 1e300; }, "B = 6.25e+299 does not fit 13 bits (0 to 8191)"},
       {"ADF4110", [](auto& b) { b.pll.Fosc = 3276.8; }, "R = 16384 does not fit 14 bits (0 to 16383)"},
-      {"ADF4113", [](auto& b) { b.pll.Fcomp = 0; },
-       "Step Resolution = 0 kHz cannot divide 900 MHz and 10 MHz"},
+      {"LMX2326", [](auto& b) { b.pll.Fosc = 3276.8; }, "R = 16384 does not fit 14 bits (0 to 16383)"},
+      {"LMX2320", [](auto& b) { b.pll.Fosc = 3276.8; }, "R = 16384 does not fit 14 bits (0 to 16383)"},
+      {"ADF4113", [](auto& b) { b.pll.Fvco = HUGE_VAL; }, "VCO Output Frequency is too large"},
+      {"ADF4113", [](auto& b) { b.pll.Fosc = HUGE_VAL; }, "Reference Frequency is too large"},
       {"LMX2325", [](auto& b) { b.pll.Fosc = 1e308, b.pll.Fcomp = 0.5; },
        "Step Resolution = 0.5 kHz cannot divide 900 MHz and 1e+308 MHz"},
-
-      {"ADF4252", [](auto& b) { b.pll.RF_R_Counter = "x"; }, "R counter = 0 must be above 0"},
-      {"ADF4252", [](auto& b) { b.pll.RF_R_Counter = "16"; }, "R counter = 16 does not fit 4 bits (0 to 15)"},
-      {"ADF4252", [](auto& b) { b.pll.Fosc = 0; }, "Reference Frequency = 0 MHz must be above 0"},
       {"ADF4252", [](auto& b) { b.pll.Fosc = 1e39; }, "Reference Frequency = 1e+39 MHz is too large"},
-      {"ADF4252", [](auto& b) { b.pll.Fcomp = 0; }, "Step Resolution = 0 kHz must be above 0"},
-      {"ADF4252", [](auto& b) { b.pll.Fvco = 2560; }, "INT = 256 does not fit 8 bits (0 to 255)"},
-      {"ADF4252", [](auto& b) { b.pll.Fvco = -1; }, "INT = -1 does not fit 8 bits (0 to 255)"},
       {"ADF4252", [](auto& b) { b.pll.Fcomp = 2; }, "MOD = 5000 does not fit 12 bits (0 to 4095)"},
-      {"ADF4252", [](auto& b) { b.pll.Fcomp = 2, b.pll.Fvco = 209; },
-       "FRAC = 4500 does not fit 12 bits (0 to 4095)"},
-
-      {"ADF4193", [](auto& b) { b.pll.R1_RFCounter = "0000"; }, "R counter = 0 must be above 0"},
-      {"ADF4193", [](auto& b) { b.pll.Fosc = 0; }, "Reference Frequency = 0 MHz must be above 0"},
       {"ADF4193", [](auto& b) { b.pll.Fosc = 1e39; }, "Reference Frequency = 1e+39 MHz is too large"},
-      {"ADF4193", [](auto& b) { b.pll.Fcomp = 0; }, "Step Resolution = 0 kHz must be above 0"},
-      {"ADF4193", [](auto& b) { b.pll.Fvco = 2560; }, "N = 256 does not fit 8 bits (0 to 255)"},
-      {"ADF4193", [](auto& b) { b.pll.Fcomp = 2; }, "MOD = 5000 does not fit 12 bits (0 to 4095)"},
-      {"ADF4193", [](auto& b) { b.pll.Fcomp = 2, b.pll.Fvco = 909; },
-       "FRAC = 4500 does not fit 12 bits (0 to 4095)"},
       {"ADF4193", [](auto& b) { b.useFracFile(), b.pll.PFDFromFile = 0; },
        "PFD of the setup file = 0 MHz must be above 0"},
       {"ADF4193", [](auto& b) { b.useFracFile(), b.pll.ModFromFile = 4096; },
        "MOD = 4096 does not fit 12 bits (0 to 4095)"},
-
-      {"SKY72300-362", [](auto& b) { b.pll.Main_RefDiv = 0; },
-       "Main reference division = 0 cannot be used (1 to 32)"},
-      {"SKY72300-362", [](auto& b) { b.pll.Main_RefDiv = 33; },
-       "Main reference division = 33 cannot be used (1 to 32)"},
-      {"SKY72300-362", [](auto& b) { b.pll.Fosc = 0; }, "Reference Frequency = 0 MHz must be above 0"},
-      {"SKY72300-362", [](auto& b) { b.pll.Fvco = 5440; }, "N = 512 does not fit 9 bits (0 to 511)"},
-      {"SKY72300-362", [](auto& b) { b.pll.Fvco = 310; }, "N = -1 does not fit 9 bits (0 to 511)"},
       {"SKY72300-362", [](auto& b) { b.pll.Main_ChrgPump = 32; },
        "Main charge pump = 32 does not fit 5 bits (0 to 31)"},
-      {"SKY72300-362", [](auto& b) { b.pll.Aux_ChrgPump = -1; },
-       "Auxiliary charge pump = -1 does not fit 5 bits (0 to 31)"},
       {"SKY72300-362",
        [](auto& b) {
-         b.useBands(ChipBench::Bands{{1, 2, "32"}});
+         b.useBands({{1, 2, "32"}});
        },
        "Charge pump of the band file = 32 cannot be used (0 to 31)"},
       {"SKY72300-362",
        [](auto& b) {
-         b.useBands(ChipBench::Bands{{1, 2, "-1"}});
+         b.useBands({{1, 2, "-1"}});
        },
        "Charge pump of the band file = -1 cannot be used (0 to 31)"},
-
-      {"ADF4153", [](auto& b) { b.pll.RCounter_4531 = 0; }, "R counter = 0 must be above 0"},
-      {"ADF4153", [](auto& b) { b.pll.Fosc = 0; }, "Reference Frequency = 0 MHz must be above 0"},
       {"ADF4153", [](auto& b) { b.pll.Fosc = 1e39; }, "Reference Frequency = 1e+39 MHz is too large"},
-      {"ADF4153", [](auto& b) { b.pll.Fcomp = 0; }, "Step Resolution = 0 kHz must be above 0"},
       {"ADF4153", [](auto& b) { b.pll.Fvco = 5120; }, "INT = 512 does not fit 9 bits (0 to 511)"},
-      {"ADF4153", [](auto& b) { b.pll.Fcomp = 2, b.pll.Fvco = 1009; },
-       "FRAC = 4500 does not fit 12 bits (0 to 4095)"},
-      {"ADF4153", [](auto& b) { b.pll.Fcomp = 0.1, b.pll.Normal_LCD_Mode_4531 = 1; },
-       "MOD = 100000 does not fit 16 bits (-32768 to 32767)"},
       {"ADF4153", [](auto& b) { b.pll.Fcomp = 2; }, "MOD = 5000 does not fit 12 bits (0 to 4095)", 1},
       {"ADF4153", [](auto& b) { b.pll.RCounter_4531 = 16, b.pll.Fvco = 100.4; },
        "R counter = 16 does not fit 4 bits (0 to 15)", 1},

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <cstddef>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -10,58 +8,35 @@
 namespace tessarine {
 namespace {
 
-const std::string kAdfFunction = "010010010000000111000000";
-
-TEST(IntegerN, WordsOfEachFamily) {
+TEST(IntegerN, WordsOfEachFamilyAsTheyGoOut) {
   const struct {
+    const char* what;
     const char* model;
     Integer prescaler;
     void (*panel)(ChipBench&);
-    std::string R, N, F;
+    Words words;  // F, R, N
   } cases[] = {
-      {"ADF4113", 8, [](auto&) {}, "000100110000000000000000", "100010000100110001000000", kAdfFunction},
-      {"ADF4110", 8,
+      {"8/9", "ADF4113", 8, [](auto&) {}, "038092/24 C8/24 23211/24"_w},
+      {"gain, initialization, first and last bit of the panel", "ADF4110", 8,
        [](auto& b) { b.pll.CPGain = b.pll.FuncInit = "1", b.pll.FAnalogDevice = "10000000000000000001"; },
-       "000100110000000000000000", "100010000100110001000100", "111000000000000000000100"},
-      {"LMX2316", 32, [](auto&) {}, "000100110000000000000", "100010100110001000001",
-       "010010010000100000000"},
-      {"ADF4118", 32,  // without a gain bit the N word is shorter
-       [](auto& b) { b.pll.LDPrecision = "1", b.pll.GoBit = "", b.module.PolarityNegative = kTrue; },
-       "000100110000000000001", "10001010011000100000", "010010000000100000000"},
-      {"LMX2325", 32, [](auto&) {}, "1010011000000001000", "0001010000110001000", ""},
-      {"ADF4108", 8, [](auto&) {}, "", "", ""},
+       "200007/24 C8/24 223211/24"_w},
+      {"the panel's gain", "LMX2316", 32, [](auto&) {}, "1092/21 C8/21 104651/21"_w},
+      {"no gain chosen yet, negative polarity", "ADF4118", 32,
+       [](auto& b) { b.pll.GoBit = "", b.module.PolarityNegative = kTrue; }, "1012/21 C8/21 4651/20"_w},
+      {"lock detect precision, no gain", "LMX2306", 32, [](auto&) {}, "1092/21 1000C8/21 4651/21"_w},
+      {"gain at moduli below 30", "LMX2306", 29, [](auto&) {}, "1092/21 1000C8/21 104D95/21"_w},
+      {"none at 30", "LMX2306", 30, [](auto&) {}, "1092/21 1000C8/21 4B01/21"_w},
+      {"no function word", "LMX2325", 32, [](auto&) {}, "0/0 8065/19 8C28/19"_w},
+      {"no words at all", "ADF4108", 8, [](auto&) {}, {}},
   };
   for (const auto& c : cases) {
-    SCOPED_TRACE(c.model);
+    SCOPED_TRACE(std::string(c.model) + ": " + c.what);
     ChipBench bench(c.model, 900, c.prescaler);
     c.panel(bench);
-    bench.calculate();
-    EXPECT_EQ(bench.lettered(), (std::vector<String>{c.N, c.R, "", c.F}));
+    bench.pll.SetPLL();
+    EXPECT_EQ(bench.host.port.latches(), c.words);
     EXPECT_EQ(PLLProbe::nTotal(bench.pll), 4500);
     EXPECT_EQ(PLLProbe::rTotal(bench.pll), 50);
-  }
-}
-
-TEST(IntegerN, PrescalerBits) {
-  const struct {
-    const char* model;
-    String PLL::*word;
-    std::size_t place;
-    std::map<int, const char*> ends;
-  } cases[] = {
-      {"ADF4113", &PLL::FStr, 22, {{8, "00"}, {16, "10"}, {32, "01"}, {64, "11"}, {40, "01"}}},
-      {"LMX2325", &PLL::Rstr, 15, {{32, "1000"}, {64, "0000"}, {128, "000"}}},
-      {"LMX2315", &PLL::Rstr, 15, {{64, "1000"}, {128, "0000"}, {32, "000"}}},
-  };
-  for (const auto& c : cases) {
-    for (const auto& [modulus, end] : c.ends) {
-      for (const int prescaler : {modulus, modulus + 1}) {
-        // Small A, so that any prescaler serves.
-        ChipBench bench(c.model, 1800, static_cast<Integer>(prescaler));
-        bench.calculate();
-        EXPECT_EQ((bench.pll.*c.word).substr(c.place), end) << c.model << " " << prescaler;
-      }
-    }
   }
 }
 
@@ -73,16 +48,14 @@ TEST(IntegerN, RoundingOfTheDividers) {
     unsigned B, A, R;
   } cases[] = {
       {"ADF4113", 6400, 50, 64, 100, 0, 50},
-      {"ADF4113", 6399.9999999999, 50, 64, 100, 0, 50},
-      {"ADF4113", 4511.7, 50, 8, 563, 8, 50},  // A reaches P, and nothing is carried
+      {"ADF4113", 799.999999996, 50, 8, 100, 0,
+       50},                                         // half a thousand-millionth below is the noise of doubles
+      {"ADF4113", 799.99999996, 50, 8, 99, 8, 50},  // five are not
+      {"ADF4113", 4511.7, 50, 8, 563, 8, 50},       // A reaches P, and nothing is carried
       {"ADF4113", 4500.5, 49.999999, 8, 562, 5, 49},
-      {"ADF4113", 0, 0, 8, 0, 0, 0},
-      {"ADF4113", 8191 * 64 + 63, 16383, 64, 8191, 63, 16383},
       {"LMX2326", 4500.5, 50, 32, 140, 21, 50},
-      {"LMX2326", 8191 * 32 + 31, 16383, 32, 8191, 31, 16383},
       {"LMX2315", 4500.7, 50.9, 64, 70, 20, 50},
       {"LMX2315", 6399.9999999999, 50, 64, 100, 0, 50},
-      {"LMX2315", 2047 * 128 + 127, 16383, 128, 2047, 127, 16383},
   };
   for (const auto& c : cases) {
     ChipBench bench(c.model, c.total, c.prescaler);
@@ -121,7 +94,7 @@ TEST(IntegerN, TheCurrentSettingOfTheBand) {
     bench.useBands(c.rows);
     bench.calculate();
     bench.calculate();  // on the bits that the first run has left
-    EXPECT_EQ(bench.pll.FStr, std::string(kAdfFunction).replace(18, 3, c.bits));
+    EXPECT_EQ(bench.pll.FStr, "010010010000000111" + std::string(c.bits) + "000");
     std::vector<Message> messages;
     if (c.complaint != nullptr) {
       messages.assign(2, {std::string("\"bands.txt\" gives no current setting of three binary digits for ") +

@@ -20,33 +20,6 @@ struct LoadBench : ChipBench {
   }
 };
 
-TEST(SetPLL, SettlesTwoControlBits) {
-  const struct {
-    const char* model;
-    Integer prescaler;
-    const char *GoBit, *LDPrecision;
-  } cases[] = {{"ADF4113", 29, "1", "1"},  {"ADF4113", 30, "0", "1"},  {"LMX2306", 32, "0", "1"},
-               {"LMX2316", 8, "old", "0"}, {"ADF4118", 8, "old", "0"}, {"LMX2326", 32, "old", "0"},
-               {"ADF4193", 8, "1", "1"},   {"no chip", 8, "1", "1"}};
-  for (const auto& c : cases) {
-    LoadBench bench(c.model, 1800);  // without a remainder, so that any prescaler serves
-    bench.pll.PreScalar = c.prescaler;
-    bench.pll.GoBit = "old";
-    bench.load();
-    EXPECT_EQ(bench.pll.GoBit, c.GoBit) << c.model << " " << c.prescaler;
-    EXPECT_EQ(bench.pll.LDPrecision, c.LDPrecision) << c.model;
-  }
-}
-
-TEST(SetPLL, SendsTheWordsOfTheIntegerChipsInTheirOrder) {
-  for (const char* model : {"ADF4110", "ADF4111", "ADF4112", "LMX2306", "LMX2316", "LMX2326", "ADF4118",
-                            "LMX2315", "LMX2320", "LMX2325"}) {
-    LoadBench bench(model, 1280);
-    const Words words = bench.load();
-    EXPECT_EQ(words, reversed({bench.pll.FStr, bench.pll.Rstr, bench.pll.Nstr})) << model;
-  }
-}
-
 TEST(SetPLL, WaitsAfterTheLoadButNotForTheUmcModule) {
   const struct {
     const char* model;
