@@ -87,9 +87,6 @@ TEST(EvaluationBoard, TheLastLoadIsWhatCameSinceTheLastPause) {
   EXPECT_EQ(first.bits, kSet4113[0]);
   EXPECT_EQ(first.registerIndex, 2U);
   EXPECT_EQ(first.word, 0x038092U);
-  ASSERT_EQ(first.bitTimes.size(), 24U);
-  EXPECT_EQ(first.bitTimes.front(), 2);
-  EXPECT_EQ(first.bitTimes.back(), 71);
   EXPECT_EQ(first.latchTime, 10'000);
 
   bench.microseconds += 200'000;
@@ -106,16 +103,14 @@ TEST(EvaluationBoard, FieldsAreFoundOnTheWire) {
   bench.load("C8/21"_w);
   bench.microseconds += 200'000;
   const std::int64_t start = bench.microseconds - 1'000'000;
-  bench.load("04651/20"_w);  // one bit short
-  const auto spans = fieldSpans(bench.board().lastLoad().back(), bench.board().chip()->map().registers[1]);
-  ASSERT_EQ(spans.size(), 2U);  // no bit came for the CP gain
-  EXPECT_EQ(spans[0].field->name, "B");
-  EXPECT_EQ(spans[0].value, 140U);
-  EXPECT_EQ(spans[0].firstBit, start + 2);
-  EXPECT_EQ(spans[0].lastBit, start + 2 + 3 * 12);
-  EXPECT_EQ(spans[1].field->name, "A");
-  EXPECT_EQ(spans[1].firstBit, start + 2 + 3 * 13);
-  EXPECT_EQ(spans[1].lastBit, start + 2 + 3 * 17);
+  bench.load("04651/20"_w);  // one bit short: none came for the CP gain
+  std::string text;
+  for (const FieldSpan& span :
+       fieldSpans(bench.board().lastLoad().back(), bench.board().chip()->map().registers[1])) {
+    text += std::string(span.field->name) + ' ' + std::to_string(span.value) + " at " +
+            std::to_string(span.firstBit - start) + " to " + std::to_string(span.lastBit - start) + "\n";
+  }
+  EXPECT_EQ(text, "B 140 at 2 to 38\nA 20 at 41 to 53\n");
 }
 
 TEST(EvaluationBoard, ARegisterThatComesAgainBeginsANewLoad) {
