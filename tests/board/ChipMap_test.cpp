@@ -9,8 +9,6 @@
 #include <string>
 #include <string_view>
 
-#include "board/Chip.h"
-
 namespace tessarine::board {
 namespace {
 
@@ -52,23 +50,6 @@ TEST(ChipMap, NoWordSelectsTwoRegisters) {
             << model.name << ": " << spec.name << " and " << other.name;
       }
     }
-  }
-}
-
-// A name that a tune function, an obstacle or the lock output misspells throws here.
-TEST(ChipMap, EveryNameThatTheLoopIsReadByStandsInTheTables) {
-  for (const ChipModel& model : chipModels()) {
-    SCOPED_TRACE(model.name);
-    Chip chip(model);
-    EXPECT_FALSE(chip.tune(10).locked());
-    for (const Register& spec : model.map->registers) ASSERT_TRUE(chip.latch(spec.selectorValue));
-    EXPECT_NO_THROW((void)chip.tune(10));
-    for (const Obstacle& obstacle : model.map->obstacles)
-      EXPECT_NO_THROW((void)chip.value(obstacle.registerName, obstacle.fieldName)) << obstacle.reason;
-    const LockOutput& output = model.map->lockOutput;
-    if (output.registerName.empty()) continue;
-    EXPECT_NO_THROW((void)chip.value(output.registerName, output.fieldName));
-    EXPECT_TRUE(model.map->registers[model.map->index(output.registerName)].neededForLock);
   }
   EXPECT_EQ(findChipModel("ADF4108"), nullptr);
 }

@@ -21,37 +21,6 @@ struct ADF4193Bench : ChipBench {
   }
 };
 
-TEST(ADF4193, RatioOnThePanelWay) {
-  const struct {
-    const char* name;
-    double Fosc;
-    const char *R, *doubler, *ref2;
-    double Fcomp, Fvco;
-    unsigned N, FRAC, MOD;
-    const char* caption;
-  } cases[] = {
-      {"whole multiple", 26, "0001", "0", "0", 200, 1742, 67, 0, 130, "26000"},
-      {"the Single lies above 19.2", 19.2, "0001", "0", "0", 100, 1747.2, 90, 191, 192, "19200"},
-      {"doubler and half cancel out", 26, "0001", "1", "1", 200, 1747.2, 67, 26, 130, "26000"},
-      {"doubler", 26, "0010", "1", "0", 200, 1747.2, 67, 26, 130, "26000"},
-      {"FRAC is floored", 26, "0001", "0", "0", 200, 1747.3999, 67, 26, 130, "26000"},
-      {"FRAC 5 millionths short", 26, "0001", "0", "0", 200, 1747.199999, 67, 26, 130, "26000"},
-      {"MOD 0.00005 short", 26, "0001", "0", "0", 200.0000769, 1747.2, 67, 25, 129, "26000"},
-      {"step above the detector frequency", 26, "0001", "0", "0", 30000, 1747.2, 67, 0, 0, "26000"},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.name);
-    ADF4193Bench bench;
-    bench.pll.Fosc = c.Fosc, bench.pll.Fcomp = c.Fcomp, bench.pll.Fvco = c.Fvco;
-    bench.pll.R1_RFCounter = c.R, bench.pll.R1_DoublerEnable = c.doubler, bench.pll.R1_REF2 = c.ref2;
-    bench.calculate();
-    EXPECT_EQ(bitsOf(bench.pll.R0, 15, 8), c.N);
-    EXPECT_EQ(bitsOf(bench.pll.R0, 3, 12), c.FRAC);
-    EXPECT_EQ(bitsOf(bench.pll.r1, 3, 12), c.MOD);
-    EXPECT_EQ(bench.view.detectorFrequency, c.caption);
-  }
-}
-
 TEST(ADF4193, AFileOverrulesThePanel) {
   ADF4193Bench bench;
   bench.useFracFile();

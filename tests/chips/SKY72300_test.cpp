@@ -47,38 +47,5 @@ TEST(SKY72300, DivisionAndFraction) {
   }
 }
 
-TEST(SKY72300, ChargePumpByBand) {
-  const struct {
-    ChipBench::Bands rows;
-    unsigned pump;
-    std::optional<String> complaint = {};  // the panel's pump, 10, stays
-  } cases[] = {
-      {{{1000, 1300, "3"}, {1000, 1300, "4"}, {1, 2, "5"}}, 4},
-      {{{1, 2, "9"}, {3, 4, "8"}}, 9},
-      {{{1000, 1300, "13"}}, 13},
-      {{{1000, 1300, "31"}}, 31},
-      {{{1000, 1300, "8.5"}}, 8},
-      {{{1000, 1300, "0"}}, 0},
-      {{{1000, 1300, ""}}, 10, ""},
-      {{{1000, 1300, "high\033[2J" + String(40, 'x')}}, 10, "high?[2J" + String(32, 'x') + "..."},
-      {{{1000, 1300, "-"}}, 10, "-"},
-      {{}, 10, ""},
-  };
-  for (const auto& c : cases) {
-    ChipBench bench(kModel, 1234.567);
-    if (!c.complaint) bench.pll.Main_ChrgPump = 99;  // without effect
-    bench.useBands(c.rows);
-    bench.calculate();
-    EXPECT_EQ(std::stoul(bench.pll.R6.substr(11), nullptr, 2), c.pump);
-    std::vector<Message> messages;
-    if (c.complaint) {
-      messages = {{"\"bands.txt\" gives no charge-pump value for 1234.567 MHz (\"" + *c.complaint +
-                       "\"). The panel's main charge pump is used.",
-                   Icon::critical, kApplicationTitle}};
-    }
-    EXPECT_EQ(bench.host.screen.messages, messages);
-  }
-}
-
 }  // namespace
 }  // namespace tessarine

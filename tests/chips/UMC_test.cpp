@@ -31,19 +31,15 @@ TEST(UMC, ValuesAsMantissaAndPowerOfTen) {
   }
 }
 
-TEST(UMC, TheWholeSetInItsOrder) {
-  ChipBench bench("UMC");
-  bench.pll.SetPLL();
-  EXPECT_EQ(bench.host.port.latches(), "19000001/32 29000002/32 36000001/32 47000001/32 7/32"_w);
-}
-
-TEST(UMC, TheChannelCountsStepsAboveTheStart) {
+TEST(UMC, TheWholeSetInItsOrderWithTheChannelThatCountsStepsAboveTheStart) {
   for (const auto& [Fvco, channel] :
-       {std::pair<double, Integer>{1000, 0}, {1001.5, 2}, {1002.5, 2}, {1002.51, 3}}) {
+       {std::pair{1000.0, "0/32"}, {1001.5, "2/32"}, {1002.5, "2/32"}, {1002.51, "3/32"}}) {
     ChipBench bench("UMC", Fvco);
     bench.pll.CalcChannel = true;
-    bench.pll.Set_UMC();
-    EXPECT_EQ(bench.pll.Channel, channel) << Fvco;
+    bench.pll.SetPLL();
+    Words words = "19000001/32 29000002/32 36000001/32 47000001/32"_w;
+    words.push_back(operator""_w(channel, 0)[0]);
+    EXPECT_EQ(bench.host.port.latches(), words) << Fvco;
   }
 }
 

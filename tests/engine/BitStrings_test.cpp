@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <string>
+#include <tuple>
 
 #include "engine/PLL.h"
 #include "platform/Fault.h"
@@ -13,19 +14,13 @@ namespace tessarine {
 namespace {
 
 TEST(BitStrings, AnIntegerTurnsIntoDigitsAndIsConsumed) {
-  const struct {
-    std::string digits;
-    Integer value, left;
-  } cases[] = {{"0", 0, 0},
-               {"1", 1, 0},
-               {"110", 6, 0},
-               {std::string(15, '1'), 32767, 0},
-               {std::string(16, '1'), -1, -1},
-               {"1" + std::string(15, '0'), -32768, -32768}};
-  for (const auto& c : cases) {
-    Integer value = c.value;
-    EXPECT_EQ(PLL::IntToBin(value), c.digits);
-    EXPECT_EQ(value, c.left) << c.digits;
+  using Case = std::tuple<Integer, std::string, Integer>;
+  for (const auto& [value, digits, left] :
+       {Case{0, "0", 0}, Case{1, "1", 0}, Case{6, "110", 0}, Case{32767, std::string(15, '1'), 0},
+        Case{-1, std::string(16, '1'), -1}, Case{-32768, "1" + std::string(15, '0'), -32768}}) {
+    Integer consumed = value;
+    EXPECT_EQ(PLL::IntToBin(consumed), digits);
+    EXPECT_EQ(consumed, left) << digits;
   }
   EXPECT_EQ(PLL::LongToBin(65535), std::string(16, '1'));
   EXPECT_EQ(PLL::LongToBin(-5), "0");

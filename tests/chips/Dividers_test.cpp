@@ -1,0 +1,81 @@
+// What each family makes of a ratio of frequencies, at the edges of its rounding.
+#include <gtest/gtest.h>
+
+#include <bitset>
+#include <string>
+
+#include "support/ChipBench.h"
+
+namespace tessarine {
+namespace {
+
+const struct {
+  const char* name;
+  const char* model;
+  double Fosc, Fcomp, Fvco;
+  const char* dividers;  // of the fractional chips with the caption of the detector frequency
+  const char* R = "1";
+  Integer D = 0, prescaler = 8;
+} kRows[] = {
+    {"whole multiple", "ADF4113", 50, 1000, 6400, "B 100 A 0 R 50", "", 0, 64},
+    {"half a thousand-millionth below is noise", "ADF4113", 50, 1000, 799.999999996, "B 100 A 0 R 50"},
+    {"five of them are none", "ADF4113", 50, 1000, 799.99999996, "B 99 A 8 R 50"},
+    {"A reaches P, and nothing is carried", "ADF4113", 50, 1000, 4511.7, "B 563 A 8 R 50"},
+    {"half a cycle goes up, R down", "ADF4113", 49.999999, 1000, 4500.5, "B 562 A 5 R 49"},
+    {"half a cycle goes up", "LMX2326", 50, 1000, 4500.5, "B 140 A 21 R 50", "", 0, 32},
+    {"all go down", "LMX2315", 50.9, 1000, 4500.7, "B 70 A 20 R 50", "", 0, 64},
+    {"A is a hair below 0", "LMX2315", 50, 1000, 6399.9999999999, "B 100 A 0 R 50", "", 0, 64},
+
+    {"whole multiple", "ADF4153", 10, 200, 1000, "100+0/50 at 10000"},
+    {"half a step goes up", "ADF4252", 10, 200, 1000.1, "100+1/50 at 10000"},
+    {"FRAC equals MOD", "ADF4153", 10, 200, 1009.94, "100+50/50 at 10000"},
+    {"MOD is floored after the Single", "ADF4252", 26, 200, 1000, "115+17/43 at 8666.667", "3"},
+    {"MOD 0.00005 short, wide guard", "ADF4153", 10, 200.0002, 205.1, "20+25/50 at 10000"},
+    {"and narrow guard", "ADF4252", 10, 200.0002, 205.1, "20+25/49 at 10000"},
+    {"MOD 0.000005 short", "ADF4252", 10, 200.00002, 205.1, "20+25/50 at 10000"},
+    {"step above the detector frequency", "ADF4153", 10, 20000, 1003, "100+0/0 at 10000"},
+    {"doubler", "ADF4153", 10, 200, 1000.2, "50+1/100 at 20000", "1", 1},
+    {"the Single lies above 19.2", "ADF4153", 19.2, 100, 1747.2, "90+192/192 at 19200"},
+    {"no output frequency", "ADF4252", 10, 7, 0, "0+0/357 at 2500", "4"},
+    {"a fraction in R", "ADF4252", 15, 200, 1000, "100+0/50 at 10000", "1.5"},
+
+    {"whole multiple", "ADF4193", 26, 200, 1742, "67+0/130 at 26000"},
+    {"the Single lies above 19.2", "ADF4193", 19.2, 100, 1747.2, "90+191/192 at 19200"},
+    {"FRAC is floored", "ADF4193", 26, 200, 1747.3999, "67+26/130 at 26000"},
+    {"FRAC 5 millionths short", "ADF4193", 26, 200, 1747.199999, "67+26/130 at 26000"},
+    {"FRAC 50 millionths short", "ADF4193", 26, 200, 1747.19999, "67+25/130 at 26000"},
+    {"MOD 0.00005 short", "ADF4193", 26, 200.0000769, 1747.2, "67+25/129 at 26000"},
+    {"doubler", "ADF4193", 26, 200, 1747.2, "67+26/130 at 26000", "2", 1},
+};
+
+std::string dividersOf(const ChipBench& bench) {
+  const PLL& pll = bench.pll;
+  const String& model = bench.module.CurrentModel;
+  const auto field = [](const String& word, std::size_t low, std::size_t width) {
+    return std::to_string(bitsOf(word, low, width));
+  };
+  if (model == "ADF4113" || model.starts_with("LMX")) {
+    return "B " + field(pll.Bstr, 0, 16) + " A " + field(pll.Astr, 0, 16) + " R " +
+           field(pll.Rstr, model == "LMX2315" ? 1 : 2, 14);
+  }
+  const std::size_t control = model == "ADF4153" ? 2 : 3;
+  return field(pll.Nstr, control + 12, 11 - control) + '+' + field(pll.Nstr, control, 12) + '/' +
+         field(pll.Rstr, control, 12) + " at " + bench.view.detectorFrequency;
+}
+
+TEST(Dividers, AtTheEdgesOfTheirRounding) {
+  for (const auto& c : kRows) {
+    ChipBench bench(c.model, c.Fvco, c.prescaler);
+    PLL& pll = bench.pll;
+    pll.Fosc = c.Fosc, pll.Fcomp = c.Fcomp;
+    pll.RF_R_Counter = c.R, pll.RFRefDoubler = pll.R1_DoublerEnable = std::to_string(c.D);
+    pll.RCounter_4531 = c.R[0] == '\0' ? 0 : c.R[0] - '0', pll.DoublerEnabled_4531 = c.D;
+    pll.R1_RFCounter = std::bitset<4>(static_cast<unsigned>(pll.RCounter_4531)).to_string();
+    bench.calculate();
+    EXPECT_EQ(dividersOf(bench), c.dividers) << c.model << ": " << c.name;
+    EXPECT_TRUE(bench.host.screen.messages.empty());
+  }
+}
+
+}  // namespace
+}  // namespace tessarine
