@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
+#include <regex>
 #include <string>
-#include <string_view>
 #include <vector>
 
 #include "remote/Commands.h"
@@ -18,30 +18,15 @@ struct Entry {
   std::string reply;
 };
 
-// "`MODel \"TEXT\"`" without its marks.
-std::string code(std::string cell) {
-  std::erase(cell, '`');
-  cell.erase(0, cell.find_first_not_of(' '));
-  return cell.substr(0, cell.find_last_not_of(' ') + 1);
-}
-
-// The rows under "## Commands".
 std::vector<Entry> documented() {
+  const std::regex row(R"(\| `(.+?)` \| `(.+?)` \| (?:`(.+?)` )?\| .*)");
   std::ifstream page(TESSARINE_SOURCE_DIR "/docs/remote.md");
   std::vector<Entry> entries;
-  bool isHere = false;
   for (std::string line; std::getline(page, line);) {
-    if (line.starts_with("## ")) isHere = line == "## Commands";
-    if (!isHere || !line.starts_with("| `")) continue;
-    std::vector<std::string> cells{""};
-    for (std::size_t i = 1; i < line.size(); ++i) {
-      if (line[i] == '|') {
-        cells.emplace_back();
-      } else {
-        cells.back() += line[i] == '\\' && line[i + 1] == '|' ? line[++i] : line[i];
-      }
-    }
-    entries.push_back({code(cells[0]), code(cells.at(1)), code(cells.at(2))});
+    std::smatch cells;
+    if (!std::regex_match(line, cells, row)) continue;
+    entries.push_back(
+        {std::regex_replace(cells.str(1), std::regex(R"(\\\|)"), "|"), cells.str(2), cells.str(3)});
   }
   return entries;
 }

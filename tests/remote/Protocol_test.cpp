@@ -48,8 +48,7 @@ TEST(Protocol, RepliesAndRefuses) {
       {large.c_str(), "", "-363 "},
   };
   for (const Case& c : cases) {
-    RemoteBench bench;
-    bench.setUp();
+    TunedBench bench;
     const std::string reply = bench.say(c.text);
     std::string numbers;
     for (std::string error; (error = bench.say("SYST:ERR?")) != kNoError;) {
@@ -82,8 +81,7 @@ TEST(Protocol, KeepsThirtyErrorsAndTheStatus) {
 
 TEST(Protocol, RunsHopsAndSweepsBesideTheRest) {
   for (const std::string what : {"HOP", "SWE"}) {
-    RemoteBench bench;
-    bench.setUp();
+    TunedBench bench;
     const auto other = bench.connect();
     bench.sayAt(10, *other, "*OPC?;*WAI;:" + what + ":STAT?;:MOD?;REF 10MHZ;" + what + ":INIT");
     bench.sayAt(20, *bench.client, "LOCK?");
@@ -105,8 +103,7 @@ TEST(Protocol, RunsHopsAndSweepsBesideTheRest) {
 }
 
 TEST(Protocol, AsksToBeServedInTheWaitsOfACommand) {
-  RemoteBench bench;
-  bench.setUp();
+  TunedBench bench;
   bench.screen.source = nullptr;  // as where a toolkit's loop has to be asked
   bool isAsked = false;
   bench.server.woken = [&] { isAsked = true; };
@@ -125,8 +122,7 @@ TEST(Protocol, AsksToBeServedInTheWaitsOfACommand) {
 }
 
 TEST(Protocol, HasCommandsWaitForThoseOfOthersThatAreUnderWay) {
-  RemoteBench bench;
-  bench.setUp();
+  TunedBench bench;
   const auto other = bench.connect();
   bench.sayAt(10, *other, "FREQ?\nSWE:FREQ:STAR 901MHZ;STAR?\nMOD 'LMX2306';MOD?");
   bench.screen.at(20, [&] {
@@ -138,8 +134,7 @@ TEST(Protocol, HasCommandsWaitForThoseOfOthersThatAreUnderWay) {
 }
 
 TEST(Protocol, GivesTheMessagesOfActionsToWhoseTheyAre) {
-  RemoteBench bench;
-  bench.setUp();
+  TunedBench bench;
   bench.say("PRES '0';LOAD");
   EXPECT_EQ(bench.say("SYST:ERR?;ERR?"), "-200,\"Execution error;Pls. set Prescalar\";" + kNoError);
   EXPECT_TRUE(bench.screen.messages.empty());
@@ -154,8 +149,7 @@ TEST(Protocol, GivesTheMessagesOfActionsToWhoseTheyAre) {
 }
 
 TEST(Protocol, GoesOnWhenAWindowIsOpen) {
-  RemoteBench bench;
-  bench.setUp();
+  TunedBench bench;
   std::string within;
   bench.screen.whileModal = [&](forms::Form& form) {
     EXPECT_EQ(bench.client->toClient, "");
@@ -167,8 +161,7 @@ TEST(Protocol, GoesOnWhenAWindowIsOpen) {
 }
 
 TEST(Protocol, EndsConnectionsAndTheProgramInOrder) {
-  RemoteBench bench;
-  bench.setUp();
+  TunedBench bench;
   const std::string long_(70'000, 'x');
   for (const std::string& first : {std::string("GET / HTTP/1.1\r"), "POST /" + long_ + " HTTP/1.0"}) {
     const auto browser = bench.connect();

@@ -30,22 +30,19 @@ struct Wire {
   bool isClosed = false;
 };
 
-class FakeConnection : public Connection {
- public:
-  explicit FakeConnection(std::shared_ptr<Wire> wire) : wire_(std::move(wire)) {}
-  ~FakeConnection() override { wire_->isClosed = true; }
+struct FakeConnection : Connection {
+  explicit FakeConnection(std::shared_ptr<Wire> with) : wire(std::move(with)) {}
+  ~FakeConnection() override { wire->isClosed = true; }
   Flow receive(std::string& into) override {
-    into += std::exchange(wire_->toProgram, {});
-    return wire_->flow;
+    into += std::exchange(wire->toProgram, {});
+    return wire->flow;
   }
   Flow send(std::string& from) override {
-    if (wire_->reads) wire_->toClient += std::exchange(from, {});
-    return wire_->flow == Flow::broken ? Flow::broken : Flow::open;
+    if (wire->reads) wire->toClient += std::exchange(from, {});
+    return wire->flow == Flow::broken ? Flow::broken : Flow::open;
   }
   [[nodiscard]] int descriptor() const override { return 1; }
-
- private:
-  std::shared_ptr<Wire> wire_;
+  std::shared_ptr<Wire> wire;
 };
 
 struct FakeListener : Listener {
@@ -61,8 +58,7 @@ struct FakeListener : Listener {
   std::vector<std::unique_ptr<Connection>>& asking;
 };
 
-class ServedScreen : public FakeScreen {
- public:
+struct ServedScreen : FakeScreen {
   using FakeScreen::FakeScreen;
   void processEvents() override {
     FakeScreen::processEvents();
@@ -108,14 +104,6 @@ struct RemoteBench : forms::Observer {
   void sayAt(int milliseconds, Wire& wire, const std::string& text) {
     screen.at(milliseconds, [&wire, text] { wire.toProgram += text + '\n'; });
   }
-  // Past the first screen with an ADF4113 and all fields filled in.
-  void setUp() {
-    say("SYST:PORT LPT;:MOD 'ADF4113';REF 10MHZ;STEP 200KHZ;PRES '8/9';FREQ 900MHZ;LOAD");
-    say("HOP:FREQ1 900MHZ;FREQ2 900.2MHZ;COUN 2;DEL 100MS");
-    say("SWE:MODE AUTO;FREQ:STAR 900MHZ;STOP 900.4MHZ");
-    say("SWE:STEP 200KHZ;DEL 100MS");
-    EXPECT_EQ(say("SYST:ERR?"), "0,\"No error\"\n");
-  }
 
   FakePlatform host;
   ServedScreen screen{host.clock};
@@ -128,6 +116,16 @@ struct RemoteBench : forms::Observer {
   Server server{
       {program, board.board(), "tessarine-virtual", {}}, clients, std::make_unique<FakeListener>(asking)};
   std::shared_ptr<Wire> client = connect();
+};
+
+// Past the first screen with an ADF4113 and all fields filled in.
+struct TunedBench : RemoteBench {
+  TunedBench() {
+    say("SYST:PORT LPT;:MOD 'ADF4113';REF 10MHZ;STEP 200KHZ;PRES '8/9';FREQ 900MHZ;LOAD");
+    say("HOP:FREQ1 900MHZ;FREQ2 900.2MHZ;COUN 2;DEL 100MS");
+    say("SWE:MODE AUTO;FREQ:STAR 900MHZ;STOP 900.4MHZ;:SWE:STEP 200KHZ;DEL 100MS");
+    EXPECT_EQ(say("SYST:ERR?"), "0,\"No error\"\n");
+  }
 };
 
 }  // namespace tessarine::remote

@@ -3,72 +3,62 @@
 
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <cstdint>
-#include <sstream>
 #include <string>
 
-#include "script/Interpreter.h"
-#include "script/ScriptScreen.h"
-#include "support/FakePlatform.h"
-#include "window/Program.h"
+#include "script/ScriptBench.h"
 
 namespace tessarine::script {
 namespace {
 
-// The recording of a script, without its first line.
-std::string recorded(const std::string& text) {
-  FakePlatform host;
-  std::ostringstream out;
-  VirtualTime time;
-  ScriptScreen screen(time, out);
-  Platform platform{host.port, host.port, host.usb, host.host, time, screen};
-  Program program(platform);
-  WaitedTime waited([&time] { return time.now(); }, true);
-  Recorder recorder(program.forms, program.door, waited);
+// The recording of a script behind the pick of a chip.
+std::string recorded(const std::string& script) {
+  ScriptBench bench;
+  WaitedTime waited([&bench] { return bench.time.now(); }, true);
+  Recorder recorder(bench.program.forms, bench.program.door, waited);
   std::string followed = recorder.text();
   recorder.onChange = [&](std::size_t from) {
     followed.replace(from, std::string::npos, recorder.text(), from);
   };
-  program.start();
-  std::istringstream script("click ContinueCommand\npick ADF4113\n" + text);
-  Interpreter({program.forms, program.door, screen, nullptr, out, out}, script, "t").run();
-  EXPECT_EQ(out.str(), "");
+  const std::string start = lines("click ContinueCommand; pick ADF4113");
+  EXPECT_EQ(bench.run(start + script), "");
   EXPECT_EQ(followed, recorder.text());
-  const std::string start = headLine() + "click ContinueCommand\npick ADF4113\n";
-  EXPECT_EQ(recorder.text().substr(0, start.size()), start);
-  return recorder.text().substr(start.size());
+  EXPECT_TRUE(followed.starts_with(headLine() + start)) << followed;
+  return followed.substr((headLine() + start).size());
 }
 
 TEST(Recorder, WritesEachActionSoThatItComesAgain) {
   const std::string hop =
-      "set RefText 10\nset CompText 200\nset VCOText 900\nset PrescalarText 8/9\n"
-      "click Hop1\nset VcoText1 900\nset VcoText2 901\nset HopText 9\nset DelayText 100\n";
-  const std::string panel = "click ACommand\n";
-  const std::string cancel = "click BrowseForm.Command2\n";
+      "set RefText 10; set CompText 200; set VCOText 900; set PrescalarText 8/9; "
+      "click Hop1; set VcoText1 900; set VcoText2 901; set HopText 9; set DelayText 100; ";
+  const std::string panel = "click ACommand; ";
+  const std::string cancel = "click BrowseForm.Command2";
   const struct {
     const char* what;
     std::string script;
     std::string recording = {};  // empty: the same
   } cases[] = {
-      {"typing on in a field", "set RefText 1\nset RefText 10\nset CompText 2\nset RefText 1\n",
-       "set RefText 10\nset CompText 2\nset RefText 1\n"},
-      {"typing where each key acts", "set PrescalarText 8\nset PrescalarText 8/9\n"},
-      {"values whose ends do not show", "set RefText \" a \"\nset CompText\nset VCOText \"\"5\"\"\n"},
-      {"windows", "click Parallel\nactivate PllForm1\nactivate ParallelForm\nclose ParallelForm\n"},
-      {"time between lines", "wait 500\nclick Sweep1\nwait 500\nclick Gen1\n", "click Sweep1\nclick Gen1\n"},
+      {"typing on in a field", "set RefText 1; set RefText 10; set CompText 2; set RefText 1",
+       "set RefText 10; set CompText 2; set RefText 1"},
+      {"typing where each key acts", "set PrescalarText 8; set PrescalarText 8/9"},
+      {"values whose ends do not show", "set RefText \" a \"; set CompText; set VCOText \"\"5\"\""},
+      {"windows", "click Parallel; activate PllForm1; activate ParallelForm; close ParallelForm"},
+      {"time between lines", "wait 500; click Sweep1; wait 500; click Gen1", "click Sweep1; click Gen1"},
       {"actions in waits, and in theirs",
-       hop + "at 250.5 click Gen1\nat 251 click AllCommand\nat 600 click Hop1\nclick StartHop\n"},
+       hop + "at 250.5 click Gen1; at 251 click AllCommand; at 600 click Hop1; click StartHop"},
       {"a modal window",
-       panel + "click Command1\nwait 300\nset BrowseForm.Text1 *\nset BrowseForm.Text1 *.x\n" + cancel,
-       panel + "click Command1\nset BrowseForm.Text1 *\nset BrowseForm.Text1 *.x\n" + cancel},
-      {"a modal window in a wait",
-       panel + hop + "at 150 click Command1\nat 900 click StopHop\nclick StartHop\nwait 400\n" +
-           "set BrowseForm.Text2 x\nwait 100\n" + cancel},
+       panel + "click Command1; wait 300; set BrowseForm.Text1 *; set BrowseForm.Text1 *.x; " + cancel,
+       panel + "click Command1; set BrowseForm.Text1 *; set BrowseForm.Text1 *.x; " + cancel},
+      {"a modal window in a wait", panel + hop +
+                                       "at 150 click Command1; at 900 click StopHop; click StartHop; "
+                                       "wait 400; set BrowseForm.Text2 x; wait 100; " +
+                                       cancel},
       {"one that the end of the script closes",
-       panel + hop + "at 150 click Command1\nclick StartHop\nwait 400\n"},
+       panel + hop + "at 150 click Command1; click StartHop; wait 400"},
   };
   for (const auto& [what, script, recording] : cases) {
-    EXPECT_EQ(recorded(script), recording.empty() ? script : recording) << what;
+    EXPECT_EQ(recorded(lines(script)), lines(recording.empty() ? script : recording)) << what;
   }
 }
 

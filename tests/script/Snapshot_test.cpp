@@ -7,16 +7,13 @@
 #include <cstddef>
 #include <cstdlib>
 #include <filesystem>
+#include <iterator>
 #include <random>
-#include <sstream>
 #include <string>
 #include <string_view>
-#include <utility>
-#include <vector>
 
-#include "script/Interpreter.h"
+#include "script/ScriptBench.h"
 #include "script/StandIn.h"
-#include "support/FakePlatform.h"
 
 namespace tessarine::script {
 namespace {
@@ -28,29 +25,21 @@ using forms::Kind;
 void actAtRandom(Program& program, std::mt19937& random) {
   static constexpr const char* kTexts[] = {"",     "2",   "3",     "8/9",     "900",
                                            "12.5", " 7 ", "\"a\"", "x.setup", "/x y"};
-  const auto pick = [&random](std::size_t count) { return random() % count; };
+  static constexpr const char* kNotNow[] = {"Exit1", "StartHop", "StartSweep"};
   const auto& forms = program.forms.all();
-  const auto& controls = forms[pick(6) == 0 ? pick(forms.size()) : 0]->controls();
-  Control& control = *controls[pick(controls.size())];
+  const auto& controls = forms[random() % 6 == 0 ? random() % forms.size() : 0]->controls();
+  Control& control = *controls[random() % controls.size()];
+  const auto isNamed = [&](const char* name) { return control.name().starts_with(name); };
   // The menus of models and modes work on the first screen as well, and look like nothing that comes later.
-  const bool isFirst = program.window.Picture1.Visible;
-  if (isFirst &&
-      (control.container() == &program.window.pModel || control.container() == &program.window.Mode1)) {
-    return;
-  }
-  for (const char* const not_now : {"Exit1", "StartHop", "StartSweep"}) {
-    if (control.name().starts_with(not_now)) return;
-  }
-  switch (control.kind()) {
-    case Kind::TextBox:
-    case Kind::ComboBox:
-      (void)program.door.type(control, kTexts[pick(std::size(kTexts))]);
-      break;
-    case Kind::DropList:
-      (void)program.door.pick(control, static_cast<int>(pick(12)));
-      break;
-    default:
-      (void)program.door.click(control);
+  const bool isOfMenus =
+      control.container() == &program.window.pModel || control.container() == &program.window.Mode1;
+  if (std::ranges::any_of(kNotNow, isNamed) || (isOfMenus && program.window.Picture1.Visible)) return;
+  if (control.kind() == Kind::TextBox || control.kind() == Kind::ComboBox) {
+    (void)program.door.type(control, kTexts[random() % std::size(kTexts)]);
+  } else if (control.kind() == Kind::DropList) {
+    (void)program.door.pick(control, static_cast<int>(random() % 12));
+  } else {
+    (void)program.door.click(control);
   }
 }
 
@@ -59,20 +48,18 @@ std::string settings(const Program& program) {
   static constexpr std::string_view kShown[] = {"Fregister", "Rregister", "Nregister",
                                                 "Mregister", "Label21(",  "PFDLabel",
                                                 "LDLabel",   "Label8",    "Label15"};
+  static constexpr std::string_view kFiles[] = {"Text38", "Text40", "Text47"};
   std::string lines;
   for (const forms::Form* const form : program.forms.all()) {
     lines += form->name() + (form->Visible ? " is open" : "") +
              (program.forms.active() == form ? ", active" : "") + '\n';
     if (form != &program.window && form != &program.window.parallelForm) continue;
     for (const Control* const control : form->controls()) {
-      std::string value = control->value();
-      const bool isFile = control == &program.window.Text38 || control == &program.window.Text40 ||
-                          control == &program.window.Text47;
-      if (isFile && !value.empty()) value = std::filesystem::absolute(value).string();
-      const auto isShown = [&](std::string_view name) { return control->name().starts_with(name); };
-      if (std::ranges::any_of(kShown, isShown)) value.clear();
-      const bool isMode = control->container() == &program.window.Mode1;
-      const bool checked = isMode && static_cast<const forms::Menu*>(control)->Checked;
+      const auto isNamed = [&](std::string_view name) { return control->name().starts_with(name); };
+      std::string value = std::ranges::any_of(kShown, isNamed) ? "" : control->value();
+      if (std::ranges::any_of(kFiles, isNamed) && !value.empty()) value = std::filesystem::absolute(value);
+      const bool checked =
+          control->container() == &program.window.Mode1 && static_cast<const forms::Menu*>(control)->Checked;
       lines += control->name() + (control->Visible ? " v" : " -") + (control->Enabled ? "e " : "- ") +
                (checked ? "checked " : "") + value + '\n';
     }
@@ -80,50 +67,28 @@ std::string settings(const Program& program) {
   return lines;
 }
 
-struct Outcome {
-  std::string settings;
-  std::string output;
-  bool sent;
-};
-
-Outcome run(const std::string& script) {
-  FakePlatform host;
-  std::ostringstream out;
-  VirtualTime time;
-  ScriptScreen screen(time, out);
-  Platform platform{host.port, host.port, host.usb, host.host, time, screen};
-  Program program(platform);
-  program.start();
-  std::istringstream lines(script);
-  Interpreter({program.forms, program.door, screen, nullptr, out, out}, lines, "snapshot").run();
-  const auto isLevel = [](int byte) { return byte != 0; };
-  const auto isWord = [](const std::string& call) { return call.starts_with("shift"); };
-  return {settings(program), out.str(),
-          std::ranges::any_of(host.port.bytes(), isLevel) || std::ranges::any_of(host.usb.calls, isWord)};
-}
-
 TEST(Snapshot, GoesThereOnTheShortestWay) {
-  StandIn session;
-  const std::string way =
-      "click IOOption(1)\nclick ContinueCommand\nclick Parallel\nset ParallelForm.ParallelText 278\n"
-      "click ParallelForm.OKButton\npick ADF4251\nclick ACommand\nclick MRLabel(4)\nclick Option4(2)\n"
-      "pick ADF4113\nclick ACommand\nclick Sweep1\nset RefText 10\nset PrescalarText 8/9\nset StartText1 "
-      "900\n"
-      "click ACommand\nset Text40 /x y/z\nclick ACommand\n";
-  std::istringstream lines(way);
-  Interpreter({session.program.forms, session.program.door, session.screen, nullptr, session.unheard,
-               session.unheard},
-              lines, "way")
-      .run();
+  ScriptBench session;
+  const std::string way = lines(
+      "click IOOption(1); click ContinueCommand; click Parallel; set ParallelForm.ParallelText 278; "
+      "click ParallelForm.OKButton; pick ADF4251; click ACommand; click MRLabel(4); click Option4(2); "
+      "pick ADF4113; click ACommand; click Sweep1; set RefText 10; set PrescalarText 8/9; "
+      "set StartText1 900; click ACommand; set Text40 /x y/z; click ACommand");
+  EXPECT_EQ(session.run(way), "");
   const std::string script = snapshot(session.program);
   EXPECT_EQ(script.substr(script.find('\n') + 1), way);
+}
+
+bool hasSent(const FakePlatform& host) {
+  return std::ranges::any_of(host.port.bytes(), [](int byte) { return byte != 0; }) ||
+         std::ranges::any_of(host.usb.calls, [](const auto& call) { return call.starts_with("shift"); });
 }
 
 // SESSIONS=10000 in the environment makes it as many.
 TEST(Snapshot, BringsBackTheSettingsOfAnySession) {
   const char* const asked = std::getenv("SESSIONS");
   const unsigned sessions = asked != nullptr ? static_cast<unsigned>(std::atoi(asked)) : 200;
-  std::size_t lines = 0;
+  std::ptrdiff_t lines = 0;
   for (unsigned seed = 0; seed < sessions && !HasFailure(); ++seed) {
     std::mt19937 random(seed);
     StandIn session;
@@ -131,11 +96,11 @@ TEST(Snapshot, BringsBackTheSettingsOfAnySession) {
     if (seed % 16 != 0) session.program.door.click(session.program.window.ContinueCommand);
     for (auto actions = random() % 1200; actions > 0; --actions) actAtRandom(session.program, random);
     const std::string script = snapshot(session.program);
-    const Outcome outcome = run(script);
-    EXPECT_EQ(outcome.settings, settings(session.program)) << seed << '\n' << script << outcome.output;
-    EXPECT_FALSE(outcome.sent) << seed << '\n' << script;
-    EXPECT_EQ(outcome.output.find("snapshot:"), std::string::npos) << outcome.output;
-    lines += static_cast<std::size_t>(std::ranges::count(script, '\n'));
+    ScriptBench fresh;
+    EXPECT_EQ(fresh.run(script).find("t:"), std::string::npos) << fresh.out.str();
+    EXPECT_EQ(settings(fresh.program), settings(session.program)) << seed << '\n' << script;
+    EXPECT_FALSE(hasSent(fresh.host)) << seed << '\n' << script;
+    lines += std::ranges::count(script, '\n');
   }
   EXPECT_GT(lines, sessions * 10);
 }
