@@ -84,6 +84,33 @@ TEST(MainWindow, OneModeIsOnAtATimeAndTheHopEntryAloneEndsAHop) {
   }
 }
 
+TEST(MainWindow, CloseClearsTheScreenAfterAPauseAndLeavesTheMarks) {
+  const std::string all = "Picture1 GeneralFrame DataFrame Frame2(0) Frame2(1) Mregister Label16(3)";
+  ProgramBench bench("ADF4153");
+  bench.tune();
+  bench.click("AllCommand");
+  bench.click("ACommand");
+  bench.click("Hop1");
+  bench.forget();
+  bench.host.screen.at(2999, [&] {
+    EXPECT_EQ(bench.shown(all), "Picture1");
+    EXPECT_FALSE(bench.control("Mode1").Enabled);
+  });
+  bench.click("Close1");
+  EXPECT_EQ(bench.milliseconds(), 3000);
+  EXPECT_EQ(bench.shown(all), "GeneralFrame DataFrame Frame2(0)");
+  EXPECT_TRUE(bench.control("Mode1").Enabled);
+  for (const char* const cleared : {"RefText", "CompText", "PrescalarText", "VCOText", "Fregister",
+                                    "Rregister", "Nregister", "Mregister"}) {
+    EXPECT_EQ(bench.value(cleared), "") << cleared;
+  }
+  EXPECT_EQ(bench.value("GeneralFrame"), "  ");
+  EXPECT_EQ(bench.value("ACommand"), "Close");
+  EXPECT_TRUE(bench.window.Hop1.Checked);
+  bench.pick("ADF4113");
+  EXPECT_TRUE(bench.window.pllM(11).Checked) << "the next pick does not clear it";
+}
+
 TEST(MainWindow, BecomingActiveAgainResetsLampAndPolarity) {
   ProgramBench bench("LMX2326", 1);
   bench.host.usb.lockPin = 1;
