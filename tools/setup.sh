@@ -9,7 +9,7 @@ test_packages=(
   xvfb xauth xdotool openbox imagemagick locales
 )
 # Tests that miss one of these say so and count as skipped.
-bench_packages=(sigrok-cli qemu-system-x86 busybox-static cpio strace xz-utils zstd make
+bench_packages=(qemu-system-x86 busybox-static cpio strace xz-utils zstd make
   python3-pyvisa python3-pyvisa-py)
 
 # Installs those of the named packages that are missing. Asks nothing and fetches nothing when there is none.

@@ -29,13 +29,7 @@ bool becomesActive(QWidget& window) {
   });
 }
 
-Bench::Bench(const WaysOut* ways)
-    : platform{ways ? ways->driver : port,
-               ways ? ways->library : port,
-               ways ? ways->usb : usb,
-               host,
-               clock,
-               desktop} {
+Bench::Bench() {
   // A program that ended before has told all event loops to end; a main loop takes that back.
   QTimer::singleShot(0, [] { QCoreApplication::exit(); });
   QCoreApplication::exec();
@@ -69,22 +63,12 @@ FormWindow& Bench::window(const forms::Form& of) {
   return *shown;
 }
 
-QObject* Bench::findObject(const std::string& name) {
-  const auto dot = name.find('.');
-  if (dot == std::string::npos) return window().findChild<QObject*>(QString::fromStdString(name));
-  const QString inside = QString::fromStdString(name.substr(dot + 1));
-  for (const forms::Form* form : program.forms.all()) {
-    if (form->name() == name.substr(0, dot)) return window(*form).findChild<QObject*>(inside);
-  }
-  return nullptr;
-}
-
 std::string Bench::text(const std::string& name) {
   return find(name)->property("text").toString().toStdString();
 }
 
-bool Bench::shows(const char* name) {
-  const auto* const widget = window().findChild<QWidget*>(QString::fromLatin1(name));
+bool Bench::shows(const std::string& name) {
+  const QWidget* const widget = window().widgetOf(*program.forms.find(name));
   return widget && widget->isVisible();
 }
 
@@ -129,17 +113,13 @@ void Bench::later(int milliseconds, std::function<void()> action) {
 }
 
 void Bench::answerMessage(std::string& text) {
-  auto* const timer = new QTimer(&window());  // NOLINT(cppcoreguidelines-owning-memory): the window owns it
-  QObject::connect(timer, &QTimer::timeout, timer, [timer, &text] {
+  later(20, [this, &text] {
     auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    if (!box) return;
+    if (!box) return answerMessage(text);
     text = box->text().toStdString();
     EXPECT_EQ(box->windowModality(), Qt::WindowModal) << "the board's window goes on";
-    timer->deleteLater();
-    timer->stop();
     QTest::keyClick(box, Qt::Key_Return);
   });
-  timer->start(20);
 }
 
 void visitStates(Bench& bench,

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAction>
+#include <QEvent>
 #include <QTest>
 #include <QWidget>
 #include <functional>
@@ -31,17 +32,8 @@ template <class Condition>
   return QTest::qWaitFor(holds, kPatienceMs);
 }
 
-// The ways out of a real platform.
-struct WaysOut {
-  PortDriver& driver;
-  PortLibrary& library;
-  UsbInterface& usb;
-};
-
 struct Bench {
-  Bench() : Bench(nullptr) {}
-  // On `ways` in place of the fakes, where there are any.
-  explicit Bench(const WaysOut* ways);
+  Bench();
   ~Bench() { desktop.detach(); }
   Bench(const Bench&) = delete;
   Bench& operator=(const Bench&) = delete;
@@ -56,11 +48,11 @@ struct Bench {
   [[nodiscard]] PllForm1& form() { return program.window; }
   [[nodiscard]] FormWindow& window() { return window(program.window); }
   [[nodiscard]] FormWindow& window(const forms::Form& of);
-  // The widget or menu entry with this object name, in the main window or behind "Form.". Throws without one.
+  // The widget or menu entry of this control, one of another form behind "Form.". Throws without one.
   template <class Object = QWidget>
   [[nodiscard]] Object* find(const std::string& name);
   [[nodiscard]] std::string text(const std::string& name);
-  [[nodiscard]] bool shows(const char* name);
+  [[nodiscard]] bool shows(const std::string& name);
 
   // The operator: a click in the middle, a whole text, an item of a list, a key, a menu entry.
   void click(const std::string& name);
@@ -78,19 +70,35 @@ struct Bench {
   FakeUsb usb;
   FakeHost host;
   Desktop desktop;
-  Platform platform;
+  Platform platform{port, port, usb, host, clock, desktop};
   Program program{platform};
-
- private:
-  [[nodiscard]] QObject* findObject(const std::string& name);
 };
 
 template <class Object>
 Object* Bench::find(const std::string& name) {
-  auto* const object = dynamic_cast<Object*>(findObject(name));
+  const forms::Control* const control = program.forms.find(name);
+  auto* const object =
+      control ? window(control->form()).findChild<Object*>(QString::fromStdString(control->name())) : nullptr;
   if (!object) throw std::runtime_error("nothing of this kind is called " + name);
   return object;
 }
+
+// Counts the events of one type while it lives, those of one object or all.
+class EventCounter : public QObject {
+ public:
+  explicit EventCounter(QEvent::Type type, const QObject* of = nullptr) : type_(type), of_(of) {
+    qApp->installEventFilter(this);
+  }
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() == type_ && (!of_ || watched == of_)) ++count;
+    return false;
+  }
+  int count = 0;
+
+ private:
+  QEvent::Type type_;
+  const QObject* of_;
+};
 
 // Brings the program into all its states: the first screen, each model with its panel closed and open in each
 // mode, with the longest texts that come there, and the dialogs. `visit` gets the window, its form and the

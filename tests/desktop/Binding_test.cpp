@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "desktop/Bench.h"
-#include "desktop/EventCounter.h"
+#include "desktop/Painted.h"
 #include "forms/Build.h"
 #include "forms/FileControls.h"
 
@@ -23,6 +23,7 @@ namespace {
 using namespace forms;
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
+using ::testing::IsSupersetOf;
 
 class SampleForm : public Form {
  public:
@@ -138,6 +139,9 @@ TEST_F(Binding, HandsEachActionOfTheOperatorOverOnce) {
   EXPECT_EQ(find<QComboBox>("Combo")->currentText(), "8") << "typed as typed, without completion";
   press("Combo", Qt::Key_Down);
   EXPECT_THAT(form.takeNotes(), ElementsAre("Combo 4/5"));
+  for (const Qt::Key key : {Qt::Key_Home, Qt::Key_Delete, Qt::Key_3}) press("Combo", key);
+  EXPECT_EQ(form.Combo.value(), "3/5") << "edited where the cursor stands";
+  form.takeNotes();
 
   press("Options(0)", Qt::Key_Down);
   press("Options(1)", Qt::Key_Up);
@@ -213,16 +217,56 @@ TEST_F(Binding, CaptionsHaveAccessKeysOnButtonsAloneAndNameFieldsForAScreenReade
   EXPECT_EQ(find("Box")->accessibleName(), "Noise & Spur");
 }
 
+TEST_F(Binding, PaintsTheStatesOfItsWidgetsInTheirColours) {
+  form.Tick.Value = 1;
+  form.Options(1).Value = true;
+  find("Escape")->setFocus();
+  // Up to 1 it is a share of the length, above it counts pixels.
+  const auto colorAt = [this](const char* name, double x, double y) {
+    const QImage image = find(name)->grab().toImage();
+    const auto place = [](double at, int length) { return qRound(at > 1 ? at : at * (length - 1)); };
+    return image.pixelColor(place(x, image.width()), place(y, image.height())).name().toStdString();
+  };
+  const struct {
+    const char* name;
+    double x, y;
+    const char *enabled, *disabled;
+  } spots[] = {{"Field", 0.9, 0.5, "#ffffff", "#f1f4f6"},    {"Field", 0.5, 0, "#acb1b5", "#dee2e5"},
+               {"Combo", 0.5, 0.5, "#ffffff", "#f1f4f6"},    {"Drop", 0.6, 0.5, "#f8fafb", "#f1f4f6"},
+               {"Button", 4, 0.5, "#12717f", "#f1f4f6"},     {"Button", 0.5, 0, "#12717f", "#dee2e5"},
+               {"Escape", 6, 0.5, "#f8fafb", "#f1f4f6"},     {"Escape", 0.5, 0, "#12717f", "#dee2e5"},
+               {"Tick", 2, 0.4, "#12717f", "#cdd2d5"},       {"Options(0)", 7, 0.5, "#ffffff", "#f1f4f6"},
+               {"Options(1)", 7, 0.5, "#ffffff", "#ffffff"}, {"Options(1)", 2, 0.5, "#12717f", "#cdd2d5"},
+               {"Bits(0)", 3, 0.5, "#d0e3e5", "#d0e3e5"},    {"Bits(0)", 0.5, 0, "#12717f", "#12717f"},
+               {"Bits(1)", 3, 0.5, "#f8fafb", "#f8fafb"},    {"Bits(1)", 0.5, 0, "#acb1b5", "#cdd2d5"},
+               {"Box", 0.5, 0.9, "#f1f4f6", "#f1f4f6"},      {"Box", 0.5, 0, "#d0d5d8", "#dee2e5"},
+               {"Files", 0.5, 0.9, "#ffffff", "#ffffff"},    {"Files", 0.5, 0, "#acb1b5", "#cdd2d5"}};
+  for (const auto& [name, x, y, enabled, disabled] : spots) EXPECT_EQ(colorAt(name, x, y), enabled) << name;
+  EXPECT_THAT(
+      paintedTexts(window()),
+      IsSupersetOf(PaintedTexts{{"o on", "#ffffff"}, {"Leave", "#1c252b"}, {"Noise & Spur", "#1c252b"}}));
+  for (const char* const name : {"Escape", "Drop", "Bits(1)", "Options(0)"}) {
+    find(name)->setAttribute(Qt::WA_UnderMouse);
+    EXPECT_EQ(colorAt(name, 7, 0.6), "#d3e4e7") << name << " beneath the pointer";
+  }
+  find<QAbstractButton>("Escape")->setDown(true);
+  EXPECT_EQ(colorAt("Escape", 6, 0.5), "#d0d4d6");
+
+  for (Control* const control : form.controls()) control->Enabled = false;
+  for (const auto& [name, x, y, enabled, disabled] : spots) EXPECT_EQ(colorAt(name, x, y), disabled) << name;
+  EXPECT_THAT(paintedTexts(window()), IsSupersetOf(PaintedTexts{{"Leave", "#8d9397"}, {"Mode", "#a8aeb2"}}));
+}
+
 TEST_F(Binding, AFlippedBitRepaintsItselfAlone) {
   QWidget* const bit = find("Bits(1)");
   find("Bits(0)")->setFocus();
   QTest::qWait(50);
-  const EventCounter own(QEvent::Paint, [&](const QObject& object) { return &object == bit; });
-  const EventCounter all(QEvent::Paint, [](const QObject& object) { return object.isWidgetType(); });
+  const EventCounter own(QEvent::Paint, bit);
+  const EventCounter others(QEvent::Paint, bit->parent());
   form.Bits(1).Caption = "1";
   EXPECT_TRUE(comesTrue([&] { return own.count == 1; }));
   QTest::qWait(20);
-  EXPECT_EQ(all.count, 1);
+  EXPECT_EQ(others.count, 0);
 }
 
 }  // namespace

@@ -12,6 +12,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "board/ChipMap.h"
+#include "board/Reach.h"
 #include "board/VirtualBoard.h"
 #include "desktop/board/BoardWindow.h"
 #include "engine/PLL.h"
@@ -73,12 +75,26 @@ struct BoardDesk : Hand {
     }
     throw std::runtime_error(std::string("no widget ") + name);
   }
-  [[nodiscard]] std::string label(const char* name) { return find<QLabel>(name)->text().toStdString(); }
+  // What is read on a label or a button; empty where it is hidden.
+  [[nodiscard]] std::string text(const char* name) {
+    return find(name)->isVisible() ? find(name)->property("text").toString().toStdString() : std::string();
+  }
+  void expectTexts(std::initializer_list<std::pair<const char*, const char*>> texts) {
+    for (const auto& [name, wanted] : texts) EXPECT_EQ(text(name), wanted) << name;
+  }
+  void press(const char* button) { QTest::mouseClick(find(button), Qt::LeftButton); }
   // What is in the file that this button saves.
-  [[nodiscard]] QByteArray saved(const char* button, const char* name) {
-    QTest::mouseClick(find(button), Qt::LeftButton);
+  [[nodiscard]] std::string saved(const char* button, const char* name) {
+    press(button);
     QFile file(folder.filePath(QString::fromLatin1(name)));
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    return file.open(QIODevice::ReadOnly) ? file.readAll().toStdString() : std::string();
+  }
+  // The fields that the reach is worked out from.
+  void typed(double vcoMHz, double stepKHz) {
+    fields.referenceMHz = 10, fields.prescaler = 32;
+    fields.vcoMHz = vcoMHz, fields.stepKHz = stepKHz;
+    ++fieldsVersion;
+    settle();
   }
 
   QTemporaryDir folder;
@@ -89,10 +105,17 @@ struct BoardDesk : Hand {
   Platform platform{port, port, port, host.host, host.clock, screen};
   Program program{platform};
   PllForm1& form = program.window;
-  BoardWindow window{{.board = port.board(), .virtualBoard = &port, .askedMHz = [this] {
-                        const double asked = program.module.ThePLL().Fvco;
-                        return asked > 0 ? std::optional<double>(asked) : std::nullopt;
-                      }}};
+  board::ReachFields fields;
+  std::uint64_t fieldsVersion = 0;
+  BoardWindow window{{.board = port.board(),
+                      .virtualBoard = &port,
+                      .askedMHz =
+                          [this] {
+                            const double asked = program.module.ThePLL().Fvco;
+                            return asked > 0 ? std::optional<double>(asked) : std::nullopt;
+                          },
+                      .reach = [this] { return board::reachOf(*board::findChipModel("ADF4113"), fields); },
+                      .fieldsVersion = [this] { return fieldsVersion; }}};
 };
 
 }  // namespace tessarine::desktop

@@ -11,6 +11,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextBlock>
+#include <fstream>
 #include <functional>
 #include <string>
 
@@ -19,6 +20,12 @@
 
 namespace tessarine::desktop {
 namespace {
+
+QByteArray bytesOf(const QString& path) {
+  QFile file(path);
+  EXPECT_TRUE(file.open(QIODevice::ReadOnly));
+  return file.readAll();
+}
 
 struct ScriptPage : ::testing::Test {
   ScriptPage() {
@@ -33,25 +40,19 @@ struct ScriptPage : ::testing::Test {
     ++version;
     view.take(board, {});
   }
-  void press(const char* button) {
-    QTest::mouseClick(view.findChild<QWidget*>(QString::fromLatin1(button)), Qt::LeftButton);
+  void press(const char* button) { QTest::mouseClick(&find<QWidget>(button), Qt::LeftButton); }
+  template <class Widget>
+  Widget& find(const char* name) {
+    return *view.findChild<Widget*>(QString::fromLatin1(name));
   }
   std::string shown(const char* edit = "scriptText") {
-    return view.findChild<QPlainTextEdit*>(QString::fromLatin1(edit))->toPlainText().toStdString();
+    return find<QPlainTextEdit>(edit).toPlainText().toStdString();
   }
-  std::string status() {
-    return view.findChild<QLabel*>(QStringLiteral("scriptStatus"))->text().toStdString();
-  }
+  std::string status() { return find<QLabel>("scriptStatus").text().toStdString(); }
   int markedLine() {
-    const auto marks = view.findChild<QPlainTextEdit*>(QStringLiteral("scriptText"))->extraSelections();
+    const auto marks = find<QPlainTextEdit>("scriptText").extraSelections();
     return marks.isEmpty() ? 0 : marks.front().cursor.block().blockNumber() + 1;
   }
-  void write(const QByteArray& text) {
-    QFile file(path);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write(text);
-  }
-
   QTemporaryDir folder;
   QString path = folder.filePath(QStringLiteral("x.script"));
   Saving saving;
@@ -83,19 +84,20 @@ TEST_F(ScriptPage, ShowsSavesAndCopiesTheRecordingAndTheSnapshot) {
   press("copyScript");
   EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("# snap\n"));
   press("saveScript");
-  QFile file(path);
-  ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-  EXPECT_EQ(file.readAll(), "# snap\n");
+  EXPECT_EQ(bytesOf(path), "# snap\n");
+  QTest::keyClick(&find<QWidget>("scriptShown"), Qt::Key_Up);
+  EXPECT_TRUE(shown().ends_with("click C\n")) << "the recording again";
 }
 
 TEST_F(ScriptPage, RunsAScriptThatCanBeStoppedAndShowsItsLine) {
-  write("one\r\ntwo\nthree\n");
+  std::ofstream(path.toStdString()) << "one\r\ntwo\nthree\n";
   script = [this](ScriptRun& run) {
     run.comesTo(2);
     EXPECT_EQ(status(), "x.script, line 2 of 3");
     EXPECT_EQ(markedLine(), 2);
     run.prints("a\tb\n");
-    EXPECT_FALSE(view.findChild<QWidget*>(QStringLiteral("runScript"))->isEnabled());
+    EXPECT_FALSE(find<QWidget>("runScript").isEnabled());
+    EXPECT_TRUE(find<QWidget>("stopScript").hasFocus()) << "the keyboard goes from one button to the other";
     view.run(path);  // one at a time
     press("stopScript");
     EXPECT_TRUE(run.isStopped());
@@ -112,32 +114,27 @@ TEST_F(ScriptPage, RunsAScriptThatCanBeStoppedAndShowsItsLine) {
   };
   press("runScript");
   EXPECT_EQ(status(), "x.script:3: Off is disabled");
+  EXPECT_TRUE(find<QWidget>("runScript").hasFocus());
   EXPECT_EQ(markedLine(), 3);
   EXPECT_EQ(shown("scriptPrinted"), "x.script:3: Off is disabled");
 }
 
 // What goes over the wires, without the times.
 QByteArray wires(const QString& path) {
-  QFile file(path);
-  EXPECT_TRUE(file.open(QIODevice::ReadOnly));
   QByteArray kept;
-  for (const QByteArray& line : file.readAll().split('\n')) {
+  for (const QByteArray& line : bytesOf(path).split('\n'))
     if (!line.startsWith('#')) kept += line + '\n';
-  }
   return kept;
 }
 
 TEST(ScriptInTheWindows, SendsTheSameAsItsRecording) {
   const QTemporaryDir folder;
   const auto in = [&](const char* name) { return folder.filePath(QString::fromLatin1(name)); };
-  QFile first(in("first.script"));
-  ASSERT_TRUE(first.open(QIODevice::WriteOnly));
-  first.write(
-      "click ContinueCommand\npick ADF4113\nset RefText 10\nset CompText 200\nset PrescalarText 8/9\n"
-      "click Hop1\nset VcoText1 900\nset VcoText2 905.2\nset HopText 30\nset DelayText 20\n"
-      "at 150 click File1\nat 310 click StopHop\nat 400 click Gen1\nclick StartHop\nwait 30\nclick Gen1\n"
-      "click ACommand\nclick Command1\nset BrowseForm.Text2 x\nclick BrowseForm.Command2\nclick Exit1\n");
-  first.close();
+  std::ofstream(in("first.script").toStdString())
+      << "click ContinueCommand\npick ADF4113\nset RefText 10\nset CompText 200\nset PrescalarText 8/9\n"
+         "click Hop1\nset VcoText1 900\nset VcoText2 905.2\nset HopText 30\nset DelayText 20\n"
+         "at 150 click File1\nat 310 click StopHop\nat 400 click Gen1\nclick StartHop\nwait 30\nclick Gen1\n"
+         "click ACommand\nclick Command1\nset BrowseForm.Text2 x\nclick BrowseForm.Command2\nclick Exit1\n";
   const auto run = [&](const char* script, const char* recording, const char* trace) {
     return QProcess::execute(
         QStringLiteral(TESSARINE_VIRTUAL),
