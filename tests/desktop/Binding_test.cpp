@@ -1,5 +1,6 @@
-// The binding of controls to widgets, on a form that no other code knows: what is declared appears, what
-// changes shows, and what the operator does comes in at the door once.
+// The binding of controls to widgets, on a form that no other code knows: what
+// is declared appears, what changes shows, and what the operator does comes in
+// at the door once.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -61,7 +62,7 @@ class SampleForm : public Form {
   One<FileListBox> Files{*this, "Files", "", at(100, 2400, 3000, 2000)};
   One<Label> Late{*this, "Late", "late", at(3200, 2400, 1200, 300), hidden};
   One<CommandButton> Button{*this, "Button", "&Go on", at(3200, 1900, 1200, 360), isDefault};
-  One<CommandButton> Escape{*this, "Escape", "Leave", at(4500, 1900, 1200, 360), isCancel};
+  One<CommandButton> Escape{*this, "Escape", "Leave", at(4500, 1900, 1200, 360), isCancel, tip("Goes")};
 };
 
 struct Binding : ::testing::Test {
@@ -215,6 +216,7 @@ TEST_F(Binding, CaptionsHaveAccessKeysOnButtonsAloneAndNameFieldsForAScreenReade
   EXPECT_EQ(find("Field")->accessibleName(), "Rate & step Field");
   EXPECT_EQ(find("Bits(1)")->accessibleName(), "Mode Bits(1)");
   EXPECT_EQ(find("Box")->accessibleName(), "Noise & Spur");
+  EXPECT_EQ(find("Escape")->toolTip(), "Goes");
 }
 
 TEST_F(Binding, PaintsTheStatesOfItsWidgetsInTheirColours) {
@@ -242,9 +244,10 @@ TEST_F(Binding, PaintsTheStatesOfItsWidgetsInTheirColours) {
                {"Box", 0.5, 0.9, "#f1f4f6", "#f1f4f6"},      {"Box", 0.5, 0, "#d0d5d8", "#dee2e5"},
                {"Files", 0.5, 0.9, "#ffffff", "#ffffff"},    {"Files", 0.5, 0, "#acb1b5", "#cdd2d5"}};
   for (const auto& [name, x, y, enabled, disabled] : spots) EXPECT_EQ(colorAt(name, x, y), enabled) << name;
-  EXPECT_THAT(
-      paintedTexts(window()),
-      IsSupersetOf(PaintedTexts{{"o on", "#ffffff"}, {"Leave", "#1c252b"}, {"Noise & Spur", "#1c252b"}}));
+  EXPECT_THAT(paintedTexts(window()), IsSupersetOf(PaintedTexts{{"o on", "#ffffff"},
+                                                                {"Leave", "#1c252b"},
+                                                                {"Noise & Spur", "#1c252b"},
+                                                                {"Noise & Spur", "#1c252b"}}));
   for (const char* const name : {"Escape", "Drop", "Bits(1)", "Options(0)"}) {
     find(name)->setAttribute(Qt::WA_UnderMouse);
     EXPECT_EQ(colorAt(name, 7, 0.6), "#d3e4e7") << name << " beneath the pointer";

@@ -1,4 +1,5 @@
-// The board's own window: that it shows what the board latched, at its own pace, and stays out of the way.
+// The board's own window: that it shows what the board latched, at its own
+// pace, and stays out of the way.
 #include "desktop/board/BoardWindow.h"
 
 #include <gmock/gmock.h>
@@ -24,13 +25,15 @@ namespace {
 
 using ::testing::Contains;
 using ::testing::ElementsAre;
+using ::testing::EndsWith;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::IsSupersetOf;
 using ::testing::Key;
 using ::testing::StartsWith;
 
-// ---------------------------------------------------------------------------------------------- The chip
+// ----------------------------------------------------------------------------------------------
+// The chip
 
 // Which of the two colours of a lock it shows: "good", "bad", both or none.
 std::string lockColors(QWidget* widget) {
@@ -47,14 +50,17 @@ TEST(ChipView, TellsWhatTheChipMakesOfALoad) {
   BoardDesk desk;
   desk.pick("ADF4113");
   for (const char* const sign : kSigns) EXPECT_EQ(lockColors(desk.find(sign)), "bad") << sign;
-  desk.expectTexts(
-      {{"lock", "Not locked"},
-       {"reason", "R register never loaded\nN register never loaded\nfunction register never loaded"},
-       {"boardReason", "R register never loaded; N register never loaded; function register never loaded"},
-       {"boardOutput", "– MHz"},
-       {"output", "none"},
-       {"offset", "–"},
-       {"lockPin", "low"}});
+  desk.expectTexts({{"lock", "Not locked"},
+                    {"reason",
+                     "R register never loaded\nN register never "
+                     "loaded\nfunction register never loaded"},
+                    {"boardReason",
+                     "R register never loaded; N register never "
+                     "loaded; function register never loaded"},
+                    {"boardOutput", "– MHz"},
+                    {"output", "none"},
+                    {"offset", "–"},
+                    {"lockPin", "low"}});
   EXPECT_THAT(paintedTexts(*desk.find("lockSign")), ElementsAre(std::pair("NOT LOCKED", "#ffffff")));
 
   desk.load();
@@ -101,7 +107,8 @@ TEST(ChipView, EachFaultOfTheBoardIsChosenAndShows) {
   EXPECT_EQ(faults->currentIndex(), 3);
 }
 
-// --------------------------------------------------------------------------------------------- The reach
+// ---------------------------------------------------------------------------------------------
+// The reach
 
 TEST(ReachCard, FollowsTheFieldsAndCopiesWhatIsClicked) {
   BoardDesk desk;
@@ -123,6 +130,9 @@ TEST(ReachCard, FollowsTheFieldsAndCopiesWhatIsClicked) {
   desk.expectTexts({{"reachState", "Met"}, {"reachOffset", ""}, {"reachWhy", ""}, {"reachAbove", ""}});
   EXPECT_EQ(lockColors(desk.find("reachState")), "good");
 
+  desk.typed(4200, 30);
+  desk.expectTexts({{"reachLimits", "the output is above 4000 MHz, the highest of the ADF4113"}});
+
   desk.typed(900.07, 0);
   desk.expectTexts({{"reachState", "A load would be refused"},
                     {"reachRefusal", "Step Resolution = 0 kHz cannot divide 900.07 MHz and 10 MHz"},
@@ -130,7 +140,8 @@ TEST(ReachCard, FollowsTheFieldsAndCopiesWhatIsClicked) {
                     {"reachOutput", ""}});
 }
 
-// ----------------------------------------------------------------------------------------- The registers
+// -----------------------------------------------------------------------------------------
+// The registers
 
 const QTreeWidgetItem& lineIn(const QTreeWidgetItem& parent, const std::string& name) {
   for (int row = 0; row < parent.childCount(); ++row)
@@ -185,13 +196,14 @@ TEST(RegisterView, ShowsTheWordsOfTheControlWindowFieldByFieldAndMarksWhatChange
   QApplication::setPalette(lightPalette());
 }
 
-// --------------------------------------------------------------------------------------------- The wires
+// ---------------------------------------------------------------------------------------------
+// The wires
 
 TEST(WirePlot, WritesBitsFieldsWordsAndSilences) {
   BoardDesk desk;
   desk.load();
   WirePlot plot;
-  EXPECT_THAT(paintedTexts(plot), Contains(Key("Nothing on the wires yet")));
+  EXPECT_THAT(paintedTexts(plot), ElementsAre(std::pair("Nothing on the wires yet", "#5a6166")));
   plot.resize(8000, 500);
   plot.take(lastStretch(desk.port.board()));
   EXPECT_THAT(paintedTexts(plot), IsSupersetOf(PaintedTexts{{"CLOCK", "#2b62b0"},
@@ -203,7 +215,9 @@ TEST(WirePlot, WritesBitsFieldsWordsAndSilences) {
                                                             {"R  0x0000C8", "#1c252b"},
                                                             {"B = 562", "#1c252b"},
                                                             {"prescaler: 8/9", "#1c252b"},
-                                                            {"muxout: digital lock detect", "#1c252b"}}));
+                                                            {"muxout: digital lock detect", "#1c252b"},
+                                                            {"10 ms", "#5a6166"}}));
+  EXPECT_THAT(paintedTexts(plot), Contains(Key(EndsWith(" µs")))) << "the scale";
   desk.port.setFault(board::BoardFault::noLe);
   desk.load();
   plot.take(lastStretch(desk.port.board()));
@@ -252,7 +266,8 @@ TEST(WireView, ShowsAndSavesTheLastLoadOfTheChipThatIsThere) {
   std::ostringstream all;
   saveVcd(desk.port.board().trace(), desk.port.board().lastWrite(), all);
   EXPECT_EQ(desk.saved("saveVcd", "board.vcd"), all.str());
-  // The pulses went to the chip that was there before: they make no word that waits for its latch.
+  // The pulses went to the chip that was there before: they make no word that
+  // waits for its latch.
   desk.pick("ADF4193");
   EXPECT_TRUE(stretch.words.empty());
   EXPECT_THAT(stretch.looseBits, IsEmpty());
@@ -325,7 +340,8 @@ TEST(Saving, TellsHowItWentAndLeavesTheOldFileOnAFullDisk) {
   EXPECT_THAT(desk.text("boardStatus"), StartsWith("Could not save " + path + ": "));
 }
 
-// --------------------------------------------------------------------------------- Frequencies over time
+// ---------------------------------------------------------------------------------
+// Frequencies over time
 
 TEST(FrequencyView, KeepsAHopAndASweepAndSavesThem) {
   BoardDesk desk(kFrequency);
@@ -355,6 +371,7 @@ TEST(FrequencyView, KeepsAHopAndASweepAndSavesThem) {
   large.resize(2000, 4000);
   large.refresh();
   EXPECT_THAT(paintedTexts(large), IsSupersetOf({Key("MHz"), Key("900"), Key("902"), Key("924")}));
+  EXPECT_THAT(paintedTexts(large), Contains(Key(EndsWith(" s"))));
 
   const std::string png = desk.saved("savePng", "frequency.png");
   EXPECT_EQ(QImage::fromData(QByteArray::fromStdString(png), "PNG").size(),
@@ -365,7 +382,8 @@ TEST(FrequencyView, KeepsAHopAndASweepAndSavesThem) {
   EXPECT_EQ(desk.port.board().history().size(), 1U);
 }
 
-// ------------------------------------------------------------------------------------------ Pace and room
+// ------------------------------------------------------------------------------------------
+// Pace and room
 
 TEST(BoardWindow, ManySendsAreBoundedInPainting) {
   BoardDesk desk(kWire);
@@ -402,7 +420,8 @@ TEST(Idling, NoWindowRunsATimerOrPaintsAndAHiddenOneIsNotFilled) {
   EXPECT_EQ(desk.text("output"), "925.200000 MHz");
 }
 
-// ------------------------------------------------------------------------------------- Beside the program
+// -------------------------------------------------------------------------------------
+// Beside the program
 
 TEST(BoardWindow, F12ShowsAndHidesItWithoutTakingTheKeyboard) {
   BoardDesk desk;
@@ -497,12 +516,15 @@ TEST(BoardWindow, NamesItsPagesLinesAndButtons) {
     if (!button->text().isEmpty() && !button->objectName().startsWith("reach")) texts << button->text();
   for (int tab = 0; tab < 5; ++tab) texts << desk.find<QTabWidget>("boardViews")->tabText(tab);
   texts.sort();
-  EXPECT_EQ(
-      texts.join("|").toStdString(),
-      "&Chip|&Fault|&Registers|&Save as CSV...|&Save as VCD...|&Wire|A load gives|C&lear|Cop&y|Detector|"
-      "Difference|Dividers|F&old pauses|Fre&quency|Frequencies|Last asked for|Lock|Lock-detect pin|"
-      "Next above|Next below|Off by|Output|R\nP\nB\nA\nN|R&un a script...|Reach|Reference|S&how|"
-      "S&napshot|S&top|Sa&ve...|Save as &PNG...|Scri&pt|Step that meets it|Typed in");
+  EXPECT_EQ(texts.join("|").toStdString(),
+            "&Chip|&Fault|&Registers|&Save as CSV...|&Save as VCD...|&Wire|A "
+            "load gives|C&lear|Cop&y|Detector|"
+            "Difference|Dividers|F&old pauses|Fre&quency|Frequencies|Last "
+            "asked for|Lock|Lock-detect pin|"
+            "Next above|Next below|Off by|Output|R\nP\nB\nA\nN|R&un a "
+            "script...|Reach|Reference|S&how|"
+            "S&napshot|S&top|Sa&ve...|Save as &PNG...|Scri&pt|Step that meets "
+            "it|Typed in");
 }
 
 }  // namespace

@@ -1,4 +1,5 @@
-// The program under the operator's hands, from the first screen to the words on the wire.
+// The program under the operator's hands, from the first screen to the words on
+// the wire.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -7,11 +8,14 @@
 #include <vector>
 
 #include "desktop/Bench.h"
+#include "desktop/Painted.h"
 
 namespace tessarine::desktop {
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
+using ::testing::Key;
 
 TEST(FirstScreen, ShowsTheChoiceAloneThenTheHourglassThenTheWorkingScreen) {
   Bench bench;
@@ -19,6 +23,7 @@ TEST(FirstScreen, ShowsTheChoiceAloneThenTheHourglassThenTheWorkingScreen) {
   EXPECT_EQ(bench.window().windowTitle(), "Tessarine  Rev. C0");
   EXPECT_TRUE(bench.shows("ContinueCommand"));
   EXPECT_FALSE(bench.shows("GeneralFrame"));
+  EXPECT_THAT(paintedTexts(*bench.find("Picture1")), Contains(std::pair("Tessarine", "#1c252b")));
   bool hourglass = false;
   bench.later(500, [&] { hourglass = QApplication::overrideCursor() != nullptr; });
   bench.click("ContinueCommand");
@@ -65,6 +70,8 @@ TEST(GeneralMode, NumbersAndBitsBecomeWordsOnTheScreenAndOnTheWire) {
   EXPECT_EQ(bench.text("Fregister"), "000000111000000010010010");
   EXPECT_EQ(bench.text("Rregister"), "000000000000000011001000");
   EXPECT_EQ(bench.text("Nregister"), "000000100011001000010001");
+  EXPECT_THAT(paintedTexts(*bench.find("Nregister")),
+              ElementsAre(Key("0000"), Key("0010"), Key("0011"), Key("0010"), Key("0001"), Key("0001")));
   EXPECT_THAT(bench.port.latches(),
               ElementsAre(bench.text("Fregister"), bench.text("Rregister"), bench.text("Nregister")));
 
@@ -84,6 +91,7 @@ TEST(GeneralMode, LockDetectOnUsbTurnsTheLampGreen) {
   EXPECT_EQ(bench.text("LDLabel"), "Lock Detect On");
   const QImage lamp = bench.find("LDLabel")->grab().toImage();
   EXPECT_EQ(lamp.pixelColor(8, lamp.height() / 2), QColor(0, 255, 0));
+  EXPECT_THAT(paintedTexts(*bench.find("LDLabel")), ElementsAre(std::pair("Lock Detect On", "#000000")));
 }
 
 TEST(Modes, TheMenuShowsOneModeAtATimeAndPutsTheKeyboardThere) {
@@ -114,7 +122,8 @@ TEST(Modes, TabGoesDownTheFields) {
   bench.find("VcoText1")->setFocus();
   for (const char* const text : {"900", "925.2", "5", "100"}) {
     QTest::keyClicks(bench.window().focusWidget(), text);
-    QTest::keyClick(bench.window().focusWidget(), Qt::Key_F, Qt::AltModifier);  // no text
+    QTest::keyClick(bench.window().focusWidget(), Qt::Key_F,
+                    Qt::AltModifier);  // no text
     QTest::keyClick(bench.window().focusWidget(), Qt::Key_Tab);
   }
   std::vector<std::string> texts;

@@ -1,4 +1,5 @@
-// Waits, messages and the end of the program, with the toolkit's own event loop underneath.
+// Waits, messages and the end of the program, with the toolkit's own event loop
+// underneath.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -11,7 +12,6 @@
 #include <csignal>
 
 #include "desktop/Bench.h"
-#include "desktop/Signals.h"
 #include "desktop/SocketWatch.h"
 #include "platform/Fault.h"
 #include "transport/PortAccess.h"
@@ -87,7 +87,8 @@ TEST(Ending, ReachesThroughWhateverLetsEventsRun) {
 
 TEST(Locale, HasADecimalCommaInAllOfTheseTests) {
   if (std::localeconv()->decimal_point != std::string(","))
-    GTEST_SKIP() << "SKIPPED: the windows were NOT tried with a decimal comma: there is no such locale";
+    GTEST_SKIP() << "SKIPPED: the windows were NOT tried with a decimal comma: "
+                    "there is no such locale";
 }
 
 TEST(Messages, ShowTitleTextRemarkAndIconAsTheyAre) {
@@ -136,7 +137,8 @@ TEST(Activation, RunsWhenTheFocusComesBackFromAFormOfTheProgram) {
   EXPECT_TRUE(hasActivated(bench));
   EXPECT_TRUE(comesTrue([&] { return bench.window().pos() == QPoint(0, 0); }));
 
-  // By the window manager: the operator turns to the main window and back, by what is behind it.
+  // By the window manager: the operator turns to the main window and back, by
+  // what is behind it.
   bench.menu("About1");
   ASSERT_TRUE(becomesActive(about));
   markLamp(bench);
@@ -167,32 +169,25 @@ TEST(Activation, DoesNotRunAfterAMessageNorWhenAnotherProgramLetsGo) {
   EXPECT_FALSE(hasActivated(bench));
 }
 
-TEST(Signals, EndTheProgramAsClosingTheWindowDoes) {
+TEST(Signals, TheFirstClosesTheWindowAndTheNextIsAsItWas) {
+  static int plain = 0;
   for (const int number : {SIGTERM, SIGINT}) {
+    plain = 0;
+    const auto before = std::signal(number, [](int) { ++plain; });
     Bench bench;
-    bench.usb.calls.clear();
     bench.desktop.run(bench.program.forms, bench.program.door, [&] {
       bench.startTuned(true);
-      bench.later(0, [number] { std::raise(number); });
+      bench.later(0, [number] {
+        std::raise(number);
+        EXPECT_EQ(plain, 0);
+        std::raise(number);
+        EXPECT_EQ(plain, 1);
+      });
     });
     EXPECT_TRUE(bench.desktop.hasEnded());
     EXPECT_EQ(bench.usb.calls.back(), "close");
+    std::signal(number, before);
   }
-}
-
-TEST(Signals, AreAskedForOnceAndThenEndAsTheyDid) {
-  static int plain = 0;
-  const auto before = std::signal(SIGTERM, [](int) { ++plain; });
-  int asked = 0;
-  {
-    const Signals signals([&] { ++asked; });
-    std::raise(SIGTERM);
-    EXPECT_EQ(plain, 0);
-    std::raise(SIGTERM);
-    EXPECT_EQ(plain, 1);
-    EXPECT_TRUE(comesTrue([&] { return asked == 1; }));
-  }
-  std::signal(SIGTERM, before);
 }
 
 // Work that comes in through a pipe.
