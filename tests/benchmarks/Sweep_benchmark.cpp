@@ -7,7 +7,7 @@
 #include <fstream>
 #include <string>
 
-#include "NullPlatform.h"
+#include "NullBench.h"
 
 namespace tessarine {
 namespace {

@@ -6,7 +6,7 @@
 #include <ctime>
 #include <iostream>
 
-#include "NullPlatform.h"
+#include "NullBench.h"
 #include "desktop/Desktop.h"
 #include "platform/linux/LinuxClock.h"
 #include "script/ScriptScreen.h"

@@ -2,6 +2,7 @@
 // the way.
 #pragma once
 
+#include <gmock/gmock.h>
 #include <linux/ppdev.h>
 #include <sys/ioctl.h>
 
@@ -20,9 +21,9 @@
 
 namespace tessarine {
 
-[[nodiscard]] inline std::string hexByte(unsigned value) {
-  char text[16];
-  std::snprintf(text, sizeof text, "%02X", value);
+[[nodiscard]] inline std::string hexByte(long value) {
+  char text[20];
+  std::snprintf(text, sizeof text, "%02lX", static_cast<unsigned long>(value));
   return text;
 }
 
@@ -30,11 +31,16 @@ namespace tessarine {
 // to type.
 [[nodiscard]] bool isInTheManual(std::string sentence);
 
+// A sentence that begins so.
+[[nodiscard]] inline auto advises(const std::string& beginning) {
+  return ::testing::AllOf(::testing::StartsWith(beginning), ::testing::Truly(isInTheManual));
+}
+
 class FakeKernel : public Kernel {
  public:
   // A port on the bus: its registers answer. `name` empty: the kernel's driver does not know it.
   void addPort(std::uint16_t base, const std::string& name) {
-    for (int offset = 0; offset < 3; ++offset) answering_.insert(static_cast<std::uint16_t>(base + offset));
+    for (const int offset : {0, 1, 2}) registers_[static_cast<std::uint16_t>(base + offset)] = 0;
     if (name.empty()) return;
     files[kParports + name + "/base-addr"] = std::to_string(base) + "\t0\n";
     files[kParports + name + "/devices/active"] = "none\n";
@@ -43,9 +49,8 @@ class FakeKernel : public Kernel {
     nodes["/dev/" + name] = 0;
   }
   [[nodiscard]] std::uint8_t at(std::uint16_t address) const {
-    if (!answering_.contains(address)) return 0xFF;
     const auto found = registers_.find(address);
-    return found == registers_.end() ? std::uint8_t{0} : found->second;
+    return found == registers_.end() ? std::uint8_t{0xFF} : found->second;
   }
   // The system calls since the last time, one text each: "open /dev/parport0", "PPWDATA 2F", "pwrite 378 2F".
   [[nodiscard]] std::vector<std::string> taken() { return std::exchange(calls_, {}); }
@@ -54,21 +59,17 @@ class FakeKernel : public Kernel {
   [[nodiscard]] std::size_t opened() const { return open_.size(); }
 
   int open(const std::string& path, int) override {
-    calls_.push_back("open " + path);
     const auto node = nodes.find(path);
-    if (node == nodes.end()) return -ENOENT;
-    if (node->second < 0) return node->second;
+    const int result = record("open " + path, node == nodes.end() ? -ENOENT : node->second);
+    if (result < 0) return result;
     open_[nextDescriptor_] = {.path = path, .base = parports_[path]};
     return nextDescriptor_++;
   }
   void close(int descriptor) override {
-    calls_.emplace_back("close");
+    record("close", 0);
     open_.erase(descriptor);
   }
-  int flock(int, int) override {
-    calls_.emplace_back("flock");
-    return flockResult;
-  }
+  int flock(int, int) override { return record("flock", flockResult); }
   int ioctl(int descriptor, unsigned long request, void* argument) override {
     static const std::map<unsigned long, const char*> kNames = {
         {PPEXCL, "PPEXCL"},         {PPCLAIM, "PPCLAIM"},    {PPRELEASE, "PPRELEASE"},
@@ -84,7 +85,7 @@ class FakeKernel : public Kernel {
     auto* const byte = static_cast<std::uint8_t*>(argument);
     if (request == PPWDATA || request == PPWCONTROL) {
       call += " " + hexByte(*byte);
-      registers_[address] = *byte;
+      outb(address, *byte);
     } else if (request == PPRDATA || request == PPRCONTROL) {
       *byte = at(address);
     } else if (request == PPDATADIR) {
@@ -93,20 +94,19 @@ class FakeKernel : public Kernel {
     return file.claimed || request == PPEXCL ? 0 : -EPERM;
   }
   ssize_t pread(int, std::uint8_t& byte, off_t offset) override {
-    calls_.push_back("pread " + hexByte(static_cast<unsigned>(offset)));
     byte = at(static_cast<std::uint16_t>(offset));
-    return broken ? 0 : 1;
+    return record("pread " + hexByte(offset), broken ? 0 : 1);
   }
   ssize_t pwrite(int, std::uint8_t byte, off_t offset) override {
-    calls_.push_back("pwrite " + hexByte(static_cast<unsigned>(offset)) + " " + hexByte(byte));
-    registers_[static_cast<std::uint16_t>(offset)] = byte;
-    return broken ? 0 : 1;
+    outb(static_cast<std::uint16_t>(offset), byte);
+    return record("pwrite " + hexByte(offset) + " " + hexByte(byte), broken ? 0 : 1);
   }
   int ioperm(unsigned long first, unsigned long count) override {
-    calls_.push_back("ioperm " + hexByte(static_cast<unsigned>(first)) + " " + std::to_string(count));
-    return iopermResult;
+    return record("ioperm " + hexByte(static_cast<long>(first)) + " " + std::to_string(count), iopermResult);
   }
-  void outb(std::uint16_t address, std::uint8_t value) override { registers_[address] = value; }
+  void outb(std::uint16_t address, std::uint8_t value) override {
+    if (registers_.contains(address)) registers_[address] = value;
+  }
   std::uint8_t inb(std::uint16_t address) override { return at(address); }
   std::optional<std::string> textOf(const std::string& path) override {
     const auto found = files.find(path);
@@ -114,9 +114,13 @@ class FakeKernel : public Kernel {
   }
   std::vector<std::string> entriesOf(const std::string& folder) override {
     std::set<std::string> names;
-    for (const auto& [path, text] : files)
-      if (path.starts_with(folder))
-        names.insert(path.substr(folder.size(), path.find('/', folder.size()) - folder.size()));
+    const auto list = [&](const auto& paths) {
+      for (const auto& [path, content] : paths)
+        if (path.starts_with(folder))
+          names.insert(path.substr(folder.size(), path.find('/', folder.size()) - folder.size()));
+    };
+    list(files);
+    list(nodes);
     return {names.begin(), names.end()};
   }
   std::optional<std::string> linkOf(const std::string& path) override { return textOf(path); }
@@ -144,6 +148,10 @@ class FakeKernel : public Kernel {
     bool claimed = false;
   };
 
+  int record(const std::string& call, int result) {
+    calls_.push_back(call);
+    return result;
+  }
   int claim(Open& file) {
     if (othersExclusive || (file.exclusive && othersRegistered)) return -ENXIO;
     if (files[kParports + file.path.substr(5) + "/devices/active"] != "none\n") {
@@ -151,15 +159,14 @@ class FakeKernel : public Kernel {
       return -EINTR;
     }
     file.claimed = true;
-    registers_[static_cast<std::uint16_t>(file.base + 2)] = 0x0C;
+    outb(static_cast<std::uint16_t>(file.base + 2), 0x0C);
     return 0;
   }
 
   std::vector<std::string> calls_;
   std::map<int, Open> open_;
-  std::map<std::string, std::uint16_t> parports_;  // node to base
-  std::map<std::uint16_t, std::uint8_t> registers_;
-  std::set<std::uint16_t> answering_;
+  std::map<std::string, std::uint16_t> parports_;    // node to base
+  std::map<std::uint16_t, std::uint8_t> registers_;  // those that answer
   int nextDescriptor_ = 3;
 };
 

@@ -24,8 +24,7 @@ struct FakeModule : FtdiLibrary {
   std::vector<std::uint8_t> levels;
   int openResult = 0;
   bool unplugged = false;
-  int transfersLeft = 1 << 20;  // until it is unplugged
-  int takes = 1 << 20;          // bytes of the next transfers
+  int takes = 1 << 20;  // bytes of the next transfers
   std::uint8_t pinsA = 0;
 
  private:
@@ -40,7 +39,6 @@ struct FakeModule : FtdiLibrary {
     int setOutputs(std::uint8_t outputs) override { return record(" outputs " + hexByte(outputs), 0); }
     int setBaudRate(int rate) override { return record(" rate " + std::to_string(rate), 0); }
     int write(std::span<const std::uint8_t> levels) override {
-      if (module_.transfersLeft-- == 0) module_.unplugged = true;
       const int taken = std::min(static_cast<int>(levels.size()), module_.takes);
       if (!module_.unplugged)
         module_.levels.insert(module_.levels.end(), levels.begin(), levels.begin() + taken);

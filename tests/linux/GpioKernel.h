@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <cstring>
 #include <map>
+#include <set>
 #include <string>
 #include <utility>
 #include <vector>
@@ -26,16 +27,11 @@ struct GpioKernel : FakeKernel {
   int result = 0;  // of whatever changes a line
   int takeResult = 0;
   int infoResult = 0;
-  std::map<int, bool> requested;  // descriptors
+  std::set<int> requested;  // descriptors
 
   void add(const std::string& chip, std::vector<std::string> lines) {
     chips["/dev/" + chip] = std::move(lines);
     nodes["/dev/" + chip] = 0;
-  }
-  std::vector<std::string> entriesOf(const std::string&) override {
-    std::vector<std::string> names{"null"};
-    for (const auto& [node, lines] : chips) names.push_back(node.substr(5));
-    return names;
   }
   int open(const std::string& path, int flags) override {
     const int descriptor = FakeKernel::open(path, flags);
@@ -44,7 +40,7 @@ struct GpioKernel : FakeKernel {
   }
   void close(int descriptor) override {
     FakeKernel::close(descriptor);
-    if (lines_[descriptor].empty() || requested.erase(descriptor) != 0) calls.emplace_back("give back");
+    if (requested.erase(descriptor) != 0) calls.emplace_back("give back");
   }
   int ioctl(int descriptor, unsigned long request, void* argument) override {
     const std::vector<std::string>& lines = lines_[descriptor];
@@ -62,7 +58,7 @@ struct GpioKernel : FakeKernel {
       auto& taken = *static_cast<gpio_v2_line_request*>(argument);
       taken.fd = 100 + descriptor;
       for (std::size_t i = 0; i < taken.num_lines; ++i) lines_[taken.fd].push_back(lines[taken.offsets[i]]);
-      requested[taken.fd] = true;
+      requested.insert(taken.fd);
       configure("take", lines_[taken.fd], taken.config);
     } else if (result < 0) {
       return result;
@@ -71,21 +67,20 @@ struct GpioKernel : FakeKernel {
     } else {
       auto& values = *static_cast<gpio_v2_line_values*>(argument);
       const bool sets = request == GPIO_V2_LINE_SET_VALUES_IOCTL;
-      if (sets) now += changeTakes;
-      std::string& call = calls.emplace_back(sets ? "set" : "get");
+      std::string call = "set";
       for (std::size_t i = 0; i < lines.size(); ++i) {
-        if ((values.mask >> i & 1U) == 0) continue;
-        const auto high = static_cast<int>(values.bits >> i & 1U);
-        if (sets) call += " " + lines[i] + "=" + std::to_string(high);
-        if (sets) level[lines[i]] = high;
-        if (!sets && level[lines[i]] != 0) values.bits |= std::uint64_t{1} << i;
+        const std::uint64_t bit = std::uint64_t{1} << i;
+        if ((values.mask & bit) == 0) continue;
+        int& high = level[lines[i]];
+        if (!sets && high != 0) values.bits |= bit;
+        if (sets) high = (values.bits & bit) != 0 ? 1 : 0;
+        call += " " + lines[i] + "=" + std::to_string(high);
       }
-      if (!sets) {
-        calls.pop_back();
-      } else {
-        levels.push_back(
-            static_cast<std::uint8_t>(level["GPIO17"] | level["DATA"] << 1U | level["LOAD"] << 2U));
-      }
+      if (!sets) return 0;
+      now += changeTakes;
+      calls.push_back(call);
+      levels.push_back(
+          static_cast<std::uint8_t>(level["GPIO17"] | level["DATA"] << 1U | level["LOAD"] << 2U));
     }
     return 0;
   }

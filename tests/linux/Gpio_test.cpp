@@ -67,7 +67,6 @@ TEST_F(Gpio, AtTheEndLoadEnableAsItIsWiredBecomesAnInputFirst) {
 }
 
 TEST_F(Gpio, AsTheModuleTheySendAWordOnLinesOfTwoChips) {
-  kernel.chips.clear();
   kernel.add("gpiochip0", {"LOCK", "LOAD", "SIX"});
   kernel.add("gpiochip1", {"DATA", "GPIO17"});
   host.usb.UsbOpen(0);
@@ -90,37 +89,33 @@ TEST_F(Gpio, AsTheModuleTheySendAWordOnLinesOfTwoChips) {
 }
 
 TEST_F(Gpio, EachObstacleIsNamedWithTheLineToType) {
-  const GpioKernel well = kernel;
+  using K = GpioKernel;
+  const K well = kernel;
   struct {
     const char* sentence;
-    void (*set)(GpioKernel&);
+    void (*set)(K&);
   } const obstacles[] = {
-      {"GPIO line GPIO17 (clock) is missing: no chip ",
-       [](GpioKernel& k) { k.chips["/dev/gpiochip0"][4] = "GPIO7"; }},
-      {"GPIO lines are missing: this computer has no GPIO chip. ", [](GpioKernel& k) { k.chips.clear(); }},
-      {"GPIO line GPIO17 (clock) is ambiguous: both /dev/gpiochip0 and /dev/gpiochip1 have it. ",
-       [](GpioKernel& k) { k.add("gpiochip1", {"GPIO17"}); }},
-      {"GPIO line GPIO17 (clock) is ambiguous: /dev/gpiochip0 has it twice. ",
-       [](GpioKernel& k) { k.chips["/dev/gpiochip0"][0] = "GPIO17"; }},
-      {"GPIO line GPIO17 (clock) is busy: \"spi0 CS0\" holds it. ",
-       [](GpioKernel& k) { k.holders["GPIO17"] = "spi0 CS0"; }},
-      {"No permission for the GPIO lines of /dev/gpiochip0. ",
-       [](GpioKernel& k) { k.nodes["/dev/gpiochip0"] = -EACCES; }},
-      {"No permission for the GPIO lines of /dev/gpiochip0. ", [](GpioKernel& k) { k.takeResult = -EPERM; }},
-      {"The GPIO lines of /dev/gpiochip0 cannot be used: that takes Linux 5.10 or later. ",
-       [](GpioKernel& k) { k.infoResult = -EINVAL; }},
-      {"The GPIO chip /dev/gpiochip0 failed: ", [](GpioKernel& k) { k.result = -EIO; }},
+      {"GPIO line GPIO17 (clock) is missing", [](K& k) { k.chips["/dev/gpiochip0"][4] = "GPIO7"; }},
+      {"GPIO lines are missing: this computer has no GPIO chip", [](K& k) { k.nodes.clear(); }},
+      {"GPIO line GPIO17 (clock) is ambiguous: both", [](K& k) { k.add("gpiochip1", {"GPIO17"}); }},
+      {"GPIO line GPIO17 (clock) is ambiguous: /dev/gpiochip0 has it twice",
+       [](K& k) { k.chips["/dev/gpiochip0"][0] = "GPIO17"; }},
+      {"GPIO line GPIO17 (clock) is busy: \"spi0 CS0\" holds",
+       [](K& k) { k.holders["GPIO17"] = "spi0 CS0"; }},
+      {"No permission for the GPIO lines", [](K& k) { k.nodes["/dev/gpiochip0"] = -EACCES; }},
+      {"No permission for the GPIO lines", [](K& k) { k.takeResult = -EPERM; }},
+      {"The GPIO lines of /dev/gpiochip0 cannot be used: ", [](K& k) { k.infoResult = -EINVAL; }},
+      {"The GPIO chip /dev/gpiochip0 failed: ", [](K& k) { k.result = -EIO; }},
   };
   for (const auto& obstacle : obstacles) {
     kernel = well;
     obstacle.set(kernel);
     const std::string told = faultOf([&] { host.usb.UsbWritePort("B", 8); });
-    EXPECT_THAT(told, StartsWith(obstacle.sentence));
+    EXPECT_THAT(told, advises(obstacle.sentence));
     EXPECT_TRUE(kernel.requested.empty() && kernel.opened() == 0) << "nothing is kept";
     kernel.now += 2;
     EXPECT_EQ(faultOf([&] { write(1); }), told);
     EXPECT_EQ(host.whyNotOpen(), told);
-    EXPECT_TRUE(isInTheManual(told)) << told;
     kernel = well;
     kernel.now += 4;
     EXPECT_EQ(faultOf([&] { write(1); }), "no fault") << "set right";

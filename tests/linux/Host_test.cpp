@@ -21,6 +21,7 @@
 #include "platform/linux/LinuxClock.h"
 #include "platform/linux/LinuxHost.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "support/TempFile.h"
 
 namespace tessarine {
 namespace {
@@ -33,30 +34,24 @@ TEST(LinuxHost, HasNoRegistry) {
 }
 
 TEST(LinuxHost, StartsThePortDriverHiddenAndWithoutWaiting) {
-  const auto folder = std::filesystem::path(::testing::TempDir()) / "tessarine-host";
-  std::filesystem::remove_all(folder);
-  std::filesystem::create_directories(folder);
-  const auto program = folder / "modprobe";
-  const auto told = folder / "told";
-  std::ofstream(program) << "#!/bin/sh\ncd " << folder.string() << "\nread line\nsleep 0.5\necho visible\n"
-                         << "echo \"$@\" >new\nmv new told\n";
-  std::filesystem::permissions(program, std::filesystem::perms::owner_all);
-  const std::string none = (folder / "none").string();
-  LinuxHost host({none, program.string()});
+  const TempFile told("");
+  const TempFile program("#!/bin/sh\nread line\nsleep 0.5\necho visible\necho \"$@\" >" + told.path() + "\n");
+  std::filesystem::permissions(program.path(), std::filesystem::perms::owner_all);
+  LinuxHost host({"/nowhere", program.path()});
   EXPECT_EQ(host.GetVersionExA()->platform, 2) << "a host that needs the driver";
   ::testing::internal::CaptureStdout();
   host.startPortDriver();
-  EXPECT_FALSE(std::filesystem::exists(told));
-  for (int i = 0; i < 500 && !std::filesystem::exists(told); ++i)
+  EXPECT_TRUE(std::filesystem::is_empty(told.path()));
+  for (int i = 0; i < 500 && std::filesystem::is_empty(told.path()); ++i)
     std::this_thread::sleep_for(std::chrono::milliseconds(10));
   EXPECT_EQ(::testing::internal::GetCapturedStdout(), "");
   std::string line;
-  std::getline(std::ifstream(told) >> std::ws, line);
+  std::getline(std::ifstream(told.path()), line);
   EXPECT_EQ(line, "-q ppdev");
   EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1) << "no child is left behind";
 
-  EXPECT_THROW(LinuxHost({none}).startPortDriver(), Fault);
-  EXPECT_THROW(host.startProgram(none), Fault);
+  EXPECT_THROW(LinuxHost({"/nowhere"}).startPortDriver(), Fault);
+  EXPECT_THROW(host.startProgram("/nowhere"), Fault);
   EXPECT_NO_THROW(host.startProgram("/bin/true"));
 }
 
@@ -96,8 +91,6 @@ TEST(LinuxClock, GoesOnFromItsStartWhateverTheSystemTimeDoes) {
 }
 
 TEST(LinuxClock, CountsFromLocalMidnight) {
-  const char* const before = std::getenv("TZ");
-  const std::string zone = before != nullptr ? before : "";
   const auto time =
       std::chrono::system_clock::time_point(std::chrono::milliseconds(1'700'000'000'250));  // 22:13:20.25 UTC
   for (const auto& [name, seconds] :
@@ -106,39 +99,32 @@ TEST(LinuxClock, CountsFromLocalMidnight) {
     ::tzset();
     EXPECT_DOUBLE_EQ(secondsOfDay(time), seconds) << name;
   }
-  before != nullptr ? ::setenv("TZ", zone.c_str(), 1) : ::unsetenv("TZ");
-  ::tzset();
+  ::unsetenv("TZ");
 }
 
-// In a child: how it ends, and what it said when it left.
-struct Ending {
-  int status;
-  std::string said;
-};
-
-Ending endingOf(const std::function<std::string()>& leave, const std::function<void()>& action) {
+// What a child says when it leaves, and the signal that ends it.
+std::string endingOf(const std::function<std::string()>& leave, const std::function<void()>& action) {
   int ends[2];
   EXPECT_EQ(::pipe(ends), 0);
+  const auto say = [&](const std::string& text) { (void)!::write(ends[1], text.data(), text.size()); };
   const pid_t child = ::fork();
   if (child == 0) {
     ::close(ends[0]);
     {
-      const LeaveOnSignal watch([&] {
-        const std::string said = leave();
-        (void)!::write(ends[1], said.data(), said.size());
-      });
+      const LeaveOnSignal watch([&] { say(leave()); });
       action();
     }
-    (void)!::write(ends[1], "done", 4);
+    say("done");
     ::_exit(0);
   }
   ::close(ends[1]);
-  Ending ending{};
+  std::string said;
   char byte = 0;
-  while (::read(ends[0], &byte, 1) == 1) ending.said += byte;
+  while (::read(ends[0], &byte, 1) == 1) said += byte;
   ::close(ends[0]);
-  ::waitpid(child, &ending.status, 0);
-  return ending;
+  int status = 0;
+  ::waitpid(child, &status, 0);
+  return said + (WIFSIGNALED(status) ? " " + std::to_string(WTERMSIG(status)) : "");
 }
 
 std::string sayLeft() { return "left"; }
@@ -147,12 +133,11 @@ TEST(LeaveOnSignal, BringsTheHardwareToRestAndEndsAsTheSignalDoes) {
   for (const int number :
        {SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGPIPE, SIGABRT, SIGBUS, SIGFPE, SIGILL, SIGSEGV}) {
     const auto before = std::signal(number, SIG_DFL);  // a sanitizer has its own
-    const Ending ending = endingOf(sayLeft, [&] {
+    const std::string ending = endingOf(sayLeft, [&] {
       std::raise(number);
       ::sleep(20);
     });
-    EXPECT_EQ(ending.said, "left") << number;
-    EXPECT_TRUE(WIFSIGNALED(ending.status) && WTERMSIG(ending.status) == number) << number;
+    EXPECT_EQ(ending, "left " + std::to_string(number));
     std::signal(number, before);
   }
 }
@@ -162,28 +147,25 @@ TEST(LeaveOnSignal, NothingReachesThePortAfterTheLinesWereLowered) {
   kernel.addPort(0x378, "parport0");
   LibFtdi ftdi;
   LinuxPlatform host(kernel, ftdi, [] {});
-  const Ending ending = endingOf(
-      [&] {
-        host.leaveForGood();
-        ::usleep(50'000);  // the other thread goes on writing, if it can
-        return hexByte(kernel.at(0x378)) + hexByte(kernel.at(0x37A));
-      },
-      [&] {
-        host.driver.DlPortWritePortUchar(0x37A, 0);
-        host.driver.DlPortWritePortUchar(0x378, 0xFF);
-        ::kill(::getpid(), SIGTERM);
-        for (;;) host.driver.DlPortWritePortUchar(0x378, 0x55);
-      });
-  EXPECT_EQ(ending.said, "000C");
-  EXPECT_TRUE(WIFSIGNALED(ending.status) && WTERMSIG(ending.status) == SIGTERM);
+  const auto leave = [&] {
+    host.leaveForGood();
+    ::usleep(50'000);  // the other thread goes on writing, if it can
+    return hexByte(kernel.at(0x378)) + hexByte(kernel.at(0x37A));
+  };
+  const auto writeOn = [&] {
+    host.driver.DlPortWritePortUchar(0x37A, 0);
+    host.driver.DlPortWritePortUchar(0x378, 0xFF);
+    ::kill(::getpid(), SIGTERM);
+    for (;;) host.driver.DlPortWritePortUchar(0x378, 0x55);
+  };
+  EXPECT_EQ(endingOf(leave, writeOn), "000C " + std::to_string(SIGTERM));
 }
 
 TEST(LeaveOnSignal, LeavesAloneWhatIsIgnoredAndEndsWithItsScope) {
   std::signal(SIGHUP, SIG_IGN);
-  const Ending ignored = endingOf(sayLeft, [] { std::raise(SIGHUP); });
+  EXPECT_EQ(endingOf(sayLeft, [] { std::raise(SIGHUP); }), "done");
   std::signal(SIGHUP, SIG_DFL);
-  EXPECT_EQ(ignored.said, "done");
-  EXPECT_EQ(endingOf(sayLeft, [] {}).said, "done");
+  EXPECT_EQ(endingOf(sayLeft, [] {}), "done");
 }
 
 }  // namespace

@@ -16,40 +16,26 @@ skip() {
   exit 77
 }
 
-chip() { # MODEL: pick, tune and load it
-  printf '%s\n' "pick $1" 'click Gen1' 'set RefText 10' 'set CompText 200' 'set PrescalarText 8/9' 'set VCOText 900.2' \
-    'click AllCommand'
-}
-
-hop() { # TIMES
-  printf '%s\n' 'click Hop1' 'set VcoText1 900' 'set VcoText2 901' "set HopText $1" 'set DelayText 1' 'click StartHop'
-}
-
-# Load, lock detect, hop and sweep of three chips.
-runs() {
-  local model
-  for model in ADF4113 ADF4153 LMX2326; do
-    chip $model
-    printf '%s\n' 'show LDLabel' 'click AllCommand' 'show LDLabel'
-    hop 2
-    printf '%s\n' 'click Sweep1' 'set StartText1 1000' 'set StopText1 1000.4' 'set StepText1 200' 'click AutoOption1' \
-      'set DelaySweepText1 5' 'click StartSweepCommand'
-  done
-}
+# What an example sends, on any way out.
+example() { grep -vE '^(#|$|at |show|board|latches|click (IOOption|ContinueCommand))' "$here/../../examples/$1.script"; }
 
 scripts() { # WAY NUMBER: on the way out of that place on the first screen
-  local place=$root/scripts/$1 start name
-  start=$(printf 'click %s\n' "IOOption($2)" ContinueCommand)
+  local place=$root/scripts/$1 name load again='click AllCommand'
   mkdir -p "$place"
-  runs > "$place/runs"
-  chip ADF4113 > "$place/load"
-  (chip ADF4113; yes 'click AllCommand' | head -n 19) > "$place/many-loads"
-  (chip ADF4113; echo 'wait 4000'; echo 'click AllCommand') > "$place/again"
-  (chip ADF4113; hop 1000) > "$place/hopping"
+  load=$(example adf4113-900mhz)
+  echo "$load" > "$place/load"
+  printf '%s\n' "$load" 'wait 4000' "$again" > "$place/again"
+  (echo "$load"; yes "$again" | head -n 19) > "$place/many-loads"
+  example adf4113-hop | sed 's/^set HopText.*/set HopText 1000/' > "$place/hopping"
+  for name in hop sweep; do example adf4113-$name; done > "$place/runs"
+  (echo 'click Gen1'; example adf4153-fractional; example lmx2326-900mhz) >> "$place/runs"
+  printf '%s\n' 'show LDLabel' "$again" 'show LDLabel' >> "$place/runs"
   echo 'wait 9000' > "$place/holding"
   # A port is tried before the working screen opens, a module by the first command.
-  if [ "$1" = USB ]; then chip ADF4113; else echo 'pick ADF4113'; fi > "$place/refused"
-  for name in "$place"/*; do printf '%s\n' "$start" "$(cat "$name")" > "$name"; done
+  if [ "$1" = USB ]; then echo "$load"; else echo 'pick ADF4113'; fi > "$place/refused"
+  for name in "$place"/*; do
+    printf '%s\n' "click IOOption($2)" 'click ContinueCommand' "$(cat "$name")" > "$name"
+  done
 }
 
 for needed in qemu-system-x86_64 busybox strace cpio dpkg-deb awk; do

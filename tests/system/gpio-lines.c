@@ -1,39 +1,34 @@
 // SPDX-License-Identifier: GPL-2.0
 // A GPIO chip whose first eight lines are those of the parallel port at 378, where the bench sees them. At 37E it
-// tells which of them are inputs. The ninth line is an input, high after every other six load pulses.
+// tells which of them are inputs. The ninth line, that of lock detect, is an input and low.
 #include <linux/gpio/driver.h>
 #include <linux/io.h>
 #include <linux/module.h>
 
 static const char *names[] = { "GPIO17", "GPIO27", "GPIO22", "GPIO5", "GPIO24", "GPIO6", "GPIO7", "GPIO8", "GPIO23" };
-static unsigned long levels, inputs = 0xFF;
-static int pulses;
+static unsigned long levels, inputs = 0x1FF;
 
 static int setSeveral(struct gpio_chip *chip, unsigned long *mask, unsigned long *bits)
 {
-	unsigned long before = levels;
-
 	levels = (levels & ~*mask) | (*bits & *mask);
-	if (~before & levels & 4)
-		pulses++;
 	outb(levels & 0xFF, 0x378);
 	return 0;
 }
 
 static int get(struct gpio_chip *chip, unsigned line)
 {
-	return line == 8 ? pulses / 6 % 2 : levels >> line & 1;
+	return levels >> line & 1;
 }
 
 static int direction(struct gpio_chip *chip, unsigned line)
 {
-	return line == 8 || inputs >> line & 1;
+	return inputs >> line & 1;
 }
 
 static int makeInput(struct gpio_chip *chip, unsigned line)
 {
 	if (!direction(chip, line))
-		outb(inputs |= BIT(line), 0x37E);
+		outb((inputs |= BIT(line)) & 0xFF, 0x37E);
 	return 0;
 }
 
@@ -43,7 +38,7 @@ static int makeOutput(struct gpio_chip *chip, unsigned line, int value)
 
 	setSeveral(chip, &mask, &bits);
 	if (direction(chip, line))
-		outb(inputs &= ~mask, 0x37E);
+		outb((inputs &= ~mask) & 0xFF, 0x37E);
 	return 0;
 }
 

@@ -26,7 +26,7 @@ using Bytes = std::vector<std::uint8_t>;
 // Of the USB/IP protocol, in network order on the wire.
 using Header = std::array<std::uint32_t, 12>;
 enum Word { kCommand, kNumber, kDirection = 3, kEndpoint, kStatus, kLength, kSetup = 10 };
-enum Command : std::uint32_t { kSubmit = 1, kUnlink, kSubmitted, kUnlinked };
+constexpr std::uint32_t kUnlink = 2;  // the command; its reply has the number that is 2 higher, as each has
 
 class Module {
  public:

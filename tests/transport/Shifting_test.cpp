@@ -21,6 +21,11 @@ TEST(Shifting, TheLastCharacterGoesFirstAndDataIsStableAroundTheRisingClock) {
   EXPECT_EQ(bench.host.port.count(FakePort::Access::Kind::read), 10 + 3) << "each write, and each pulse";
 }
 
+void loadR8OfOneBit(PLL& pll) {
+  pll.R8 = "1";
+  PLLProbe::loadR8(pll);
+}
+
 TEST(Shifting, TheStrobeOfEachRoutineOnThePort) {
   const struct {
     const char* routine;
@@ -35,18 +40,8 @@ TEST(Shifting, TheStrobeOfEachRoutineOnThePort) {
       {"r1", PLLProbe::loadR1, 2, 8, {0, 0, 8}, 20},
       {"R4 without a fourth value", [](PLL& pll) { PLLProbe::loadR4(pll, 4); }, 2, 8, {0, 8}, 20},
       {"R8 pulses bit 2 whatever the wiring", PLLProbe::loadR8, 2, 8, {0, 0, 4}, 20},
-      {"and keeps the lines it does not own",
-       [](PLL& pll) { pll.R8 = "1", PLLProbe::loadR8(pll); },
-       8,
-       4,
-       {0, 8, 9, 8, 8, 12},
-       20},
-      {"but not the data of the default wiring",
-       [](PLL& pll) { pll.R8 = "1", PLLProbe::loadR8(pll); },
-       2,
-       4,
-       {0, 2, 3, 2, 0, 4},
-       20},
+      {"and keeps the lines it does not own", loadR8OfOneBit, 8, 4, {0, 8, 9, 8, 8, 12}, 20},
+      {"but not the data of the default wiring", loadR8OfOneBit, 2, 4, {0, 2, 3, 2, 0, 4}, 20},
   };
   for (const auto& c : cases) {
     EngineBench bench;
@@ -59,25 +54,26 @@ TEST(Shifting, TheStrobeOfEachRoutineOnThePort) {
 }
 
 TEST(Shifting, OnUsbTheFourLettersGetThePortsStrobeOnTop) {
-  const std::pair<void (*)(PLL&), bool> cases[] = {
-      {PLLProbe::loadFstr, true}, {PLLProbe::loadMstr, true},
-      {PLLProbe::loadRstr, true}, {PLLProbe::loadNstr, true},
-      {PLLProbe::loadR0, false},  {PLLProbe::loadR1, false},
-      {PLLProbe::loadR8, false},  {[](PLL& pll) { PLLProbe::loadR4(pll, 3); }, false},
+  const struct {
+    void (*load)(PLL&);
+    String PLL::*word;
+    bool strobed;
+  } cases[] = {
+      {PLLProbe::loadFstr, &PLL::FStr, true}, {PLLProbe::loadMstr, &PLL::MStr, true},
+      {PLLProbe::loadRstr, &PLL::Rstr, true}, {PLLProbe::loadNstr, &PLL::Nstr, true},
+      {PLLProbe::loadR0, &PLL::R0, false},    {PLLProbe::loadR1, &PLL::r1, false},
+      {PLLProbe::loadR8, &PLL::R8, false},    {[](PLL& pll) { PLLProbe::loadR4(pll, 3); }, &PLL::R4_3, false},
   };
-  int number = 0;
-  for (const auto& [load, strobed] : cases) {
+  for (const auto& c : cases) {
     EngineBench bench;
     bench.module.PortType = "USB";
     bench.pll.LEbit = 2;
-    PLL& pll = bench.pll;
-    pll.FStr = "0", pll.MStr = "1", pll.Rstr = "2", pll.Nstr = "3";
-    pll.R0 = "4", pll.r1 = "5", pll.R8 = "6", pll.R4_3 = "7";
-    load(pll);
-    Words expected{"shift B3 B2 B1 B0 0 " + std::to_string(number++)};
-    if (strobed) expected.insert(expected.end(), {"write B 0", "write B 2"});
-    EXPECT_EQ(bench.host.usb.calls, expected);
-    EXPECT_EQ(bench.host.clock.elapsed, strobed ? 20'000 : 0) << number;
+    bench.pll.*c.word = "101";
+    c.load(bench.pll);
+    Words expected{"shift B3 B2 B1 B0 0 101"};
+    if (c.strobed) expected.insert(expected.end(), {"write B 0", "write B 2"});
+    EXPECT_EQ(bench.host.usb.calls, expected) << &c - cases;
+    EXPECT_EQ(bench.host.clock.elapsed, c.strobed ? 20'000 : 0);
     EXPECT_TRUE(bench.host.port.accesses.empty());
   }
 }

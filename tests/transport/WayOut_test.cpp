@@ -61,11 +61,14 @@ TEST(WayOut, UsbTouchesNoPort) {
   bench.click("IOOption(1)");
   bench.click("ContinueCommand");
   EXPECT_EQ(bench.host.usb.calls, Texts{"open 0"});
-  EXPECT_TRUE(bench.host.port.accesses.empty() && bench.host.host.programs.empty());
   EXPECT_TRUE(bench.messages().empty()) << "a failing interface shows at the first command";
   EXPECT_EQ(bench.program.module.PortType, "USB");
   EXPECT_EQ(bench.program.module.UseDlPort, 7);
   EXPECT_TRUE(bench.visible("GeneralFrame"));
+  bench.pick("ADF4113");
+  EXPECT_TRUE(bench.host.port.accesses.empty() && bench.host.host.programs.empty());
+  EXPECT_EQ((std::vector{bench.pll.CLOCKbit, bench.pll.DATAbit, bench.pll.LEbit}),
+            (std::vector<Integer>{8, 4, 2}));
 }
 
 TEST(WayOut, NothingStopsTheStart) {
@@ -132,13 +135,6 @@ TEST(WiringDialog, CancelKeepsTheTextsForTheNextPick) {
   bench.click("ParallelForm.Command1");
   EXPECT_EQ(bench.value(fields[0]) + bench.value(fields[1]) + bench.value(fields[2]), "234");
   EXPECT_EQ(bench.pll.CLOCKbit, 32) << "\"Default Value\" confirms nothing";
-}
-
-TEST(WiringDialog, UsbHasItsOwnMasks) {
-  ProgramBench bench("ADF4113", 1);
-  EXPECT_EQ((std::vector{bench.pll.CLOCKbit, bench.pll.DATAbit, bench.pll.LEbit}),
-            (std::vector<Integer>{8, 4, 2}));
-  EXPECT_TRUE(bench.host.port.accesses.empty());
 }
 
 }  // namespace
