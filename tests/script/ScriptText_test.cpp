@@ -6,8 +6,6 @@
 #include <sstream>
 #include <string>
 #include <string_view>
-#include <utility>
-#include <vector>
 
 namespace tessarine::script {
 namespace {
@@ -36,8 +34,8 @@ TEST(ScriptText, OnlyAWholePairOfQuotesComesOff) {
 TEST(ScriptText, TimesAreMillisecondsWithAFraction) {
   EXPECT_EQ(microseconds("0"), 0);
   EXPECT_EQ(microseconds("2.5"), 2500);
-  EXPECT_EQ(microseconds("100000.001"), 100000001);
-  for (const char* const text : {"", "-1", "1e3", "nan", "inf", "5ms", "0x10", "1,5", "99999999999"}) {
+  EXPECT_EQ(microseconds("31622400000"), 31622400000000);  // 366 days
+  for (const char* const text : {"", "-1", "1e3", "nan", "inf", "5ms", "0x10", "1,5", "31622400001"}) {
     EXPECT_FALSE(microseconds(text)) << text;
   }
   EXPECT_EQ(millisecondText(100000001), "100000.001");
@@ -49,10 +47,9 @@ TEST(ScriptText, TimesAreMillisecondsWithAFraction) {
 TEST(ScriptText, LinesKeepTheirNumbersWhateverTheirEnds) {
   std::istringstream file("\xEF\xBB\xBF# head\r\n\r\n  click A \r\n\t\n   # note\nset B  x\t\nlast");
   ScriptReader lines(file);
-  std::vector<std::pair<int, std::string>> read;
-  while (const auto line = lines.next()) read.emplace_back(line->number, line->text);
-  using Numbered = std::pair<int, std::string>;
-  EXPECT_THAT(read, ElementsAre(Numbered{3, "click A "}, Numbered{6, "set B  x\t"}, Numbered{7, "last"}));
+  std::string read;
+  while (const auto line = lines.next()) read += std::to_string(line->number) + line->text + ';';
+  EXPECT_EQ(read, "3click A ;6set B  x\t;7last;");
 }
 
 }  // namespace
