@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include <cstddef>
 #include <stdexcept>
+#include <tuple>
 #include <vector>
 
 #include "support/ChipBench.h"
@@ -21,17 +21,13 @@ struct LoadBench : ChipBench {
 };
 
 TEST(SetPLL, WaitsAfterTheLoadButNotForTheUmcModule) {
-  const struct {
-    const char* model;
-    std::size_t words;
-    int milliseconds;
-  } cases[] = {{"ADF4108", 0, 250}, {"UMC", 5, 50}};  // of an unknown model the final write alone
-  for (const auto& c : cases) {
-    LoadBench bench(c.model);
+  // Of an unknown model the final write alone.
+  for (const auto& [model, words, milliseconds] : {std::tuple{"ADF4108", 0U, 250}, {"UMC", 5U, 50}}) {
+    LoadBench bench(model);
     bench.pll.DelayAfterLock = 0.25F;
-    EXPECT_EQ(bench.load().size(), c.words);
+    EXPECT_EQ(bench.load().size(), words);
     EXPECT_EQ(bench.host.port.bytes().back(), 0);
-    EXPECT_EQ(bench.host.clock.elapsed, c.milliseconds * 1000);
+    EXPECT_EQ(bench.host.clock.elapsed, milliseconds * 1000);
   }
 }
 
