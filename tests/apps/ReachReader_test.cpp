@@ -121,7 +121,8 @@ void drawPanels(ReachDesk& desk, Draw& draw) {
   for (const char* field : {"RText", "Text27", "Text36(0)", "Text46(0)"})
     desk.write(field, draw.of(counters, odd));
   desk.write("Text26", draw.of({"0", "0", "15", "0", "7"}, {"16", "-1"}));
-  desk.write("Text36(2)", draw.of({"0", "100"}, {"32764", "-32764"}));
+  desk.write("Text36(1)", draw.of({"0", "5"}, {"40000"}));
+  desk.write("Text36(2)", draw.of({"0", "100"}, {"32764", "-32764", "40000"}));
   desk.write("Text46(2)", draw.of({"31", "0"}, {"32", "-1"}));
   desk.write("Text46(3)", draw.of({"31", "7"}, {"40"}));
   window.XLabel.Caption = draw.of({"0", "1"});

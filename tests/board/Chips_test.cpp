@@ -118,6 +118,7 @@ const struct {
      "1001.25 MHz from 0; the ref register says 10 MHz, the crystal has 20 MHz", 20},
     {"above the stop", "UMC", with(kSetUmc, 4, 90'000),
      "2125 MHz from 0; the output is above the stop frequency, 2000 MHz"},
+    {"at the stop", "UMC", with(kSetUmc, 4, 80'000), "2000 MHz from 0"},
     {"least INT not known", "ADF4153", with(with(kSet4153, 3, 0x0780C8), 2, 0x1040C9), "310 MHz from 10"},
     {"FRAC above MOD", "ADF4153", with(kSet4153, 3, 0x0780CC),
      "310.2 MHz from 10; FRAC = 51 is above MOD = 50"},
@@ -158,6 +159,7 @@ TEST(Chips, LoseTheirRegistersOnlyWhenTheChipChanges) {
   EXPECT_TRUE(bench.tuning().locked());
   bench.board().plug("ADF4112");
   EXPECT_FALSE(bench.board().chip()->loaded("R"));
+  EXPECT_TRUE(bench.board().lastLoad().empty());
   EXPECT_EQ(bench.tuning().outputMHz, std::nullopt);
   bench.load("");  // the shift register is empty, too: all zeros go to R
   EXPECT_TRUE(bench.board().chip()->loaded("R"));

@@ -41,6 +41,10 @@ const struct {
     {"no output frequency", "ADF4252", 10, 7, 0, "0+0/357 at 2500", "4"},
     {"a fraction in R", "ADF4252", 15, 200, 1000, "100+0/50 at 10000", "1.5"},
 
+    {"4/5", "ADF4252", 10, 200, 1000.2, "100+1/50 at 10000, 4/5", "1", 0, 4},
+    {"4/5 for all that is not 8/9", "ADF4153", 10, 200, 1000.2, "100+1/50 at 10000, 4/5", "1", 0, 16},
+    {"8/9 by its other number", "ADF4153", 10, 200, 1000.2, "100+1/50 at 10000", "1", 0, 9},
+
     {"whole multiple", "ADF4193", 26, 200, 1742, "67+0/130 at 26000"},
     {"the Single lies above 19.2", "ADF4193", 19.2, 100, 1747.2, "90+191/192 at 19200"},
     {"FRAC is floored", "ADF4193", 26, 200, 1747.3999, "67+26/130 at 26000"},
@@ -77,7 +81,8 @@ std::string dividersOf(const ChipBench& bench) {
   }
   const std::size_t control = model == "ADF4153" ? 2 : 3;
   return field(pll.Nstr, control + 12, 11 - control) + '+' + field(pll.Nstr, control, 12) + '/' +
-         field(pll.Rstr, control, 12) + " at " + bench.view.detectorFrequency;
+         field(pll.Rstr, control, 12) + " at " + bench.view.detectorFrequency +
+         (pll.Rstr[control == 2 ? 18 : 20] == '1' ? "" : ", 4/5");
 }
 
 TEST(Dividers, AtTheEdgesOfTheirRounding) {

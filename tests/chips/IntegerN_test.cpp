@@ -27,6 +27,7 @@ TEST(IntegerN, WordsOfEachFamilyAsTheyGoOut) {
       {"gain at moduli below 30", "LMX2306", 29, [](auto&) {}, "1092/21 1000C8/21 104D95/21"_w},
       {"none at 30", "LMX2306", 30, [](auto&) {}, "1092/21 1000C8/21 4B01/21"_w},
       {"no function word", "LMX2325", 32, [](auto&) {}, "0/0 8065/19 8C28/19"_w},
+      {"the other number of a pair", "LMX2325", 65, [](auto&) {}, "0/0 65/19 451E/19"_w},
       {"no words at all", "ADF4108", 8, [](auto&) {}, {}},
   };
   for (const auto& c : cases) {
