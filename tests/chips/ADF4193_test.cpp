@@ -1,4 +1,4 @@
-// The words in order on the wire stand in modes/FractionalCommands_test.cpp.
+// The words in order on the wire stand in modes/ADF4193Commands_test.cpp.
 #include <gtest/gtest.h>
 
 #include <cstddef>

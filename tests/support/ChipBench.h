@@ -17,17 +17,13 @@ struct ChipBench : EngineBench {
   explicit ChipBench(const String& model, double Fvco = 900, Integer PreScalar = 8) {
     module.CurrentModel = model;
     pll.Fvco = Fvco, pll.Fosc = 10, pll.Fcomp = 200, pll.PreScalar = PreScalar;
-
     pll.CPGain = pll.FuncInit = pll.LDPrecision = "0";
     pll.GoBit = "1";
     pll.FAnalogDevice = "00100100000001110000";
-
     pll.RF_R_Counter = "1", pll.RFRefDoubler = "0";
     pll.RFcontrolREG = "0100000101100000", pll.MasterReg = "11000000011";
-
     pll.RCounter_4531 = pll.RFPDPolarityPositive_4531 = 1;
     pll.MuxOut_4531 = "001", pll.CPCurrentSetting_4531 = "0111";
-
     pll.R1_CP = pll.R1_REF2 = pll.R1_DoublerEnable = "0";
     pll.R1_RFCounter = "0001";
     pll.R2_PhaseValue = "000000000000";
@@ -36,13 +32,11 @@ struct ChipBench : EngineBench {
     pll.R4_TimeOutCounter = pll.R4_TimeOutCounter_2 = "000000000", pll.R4_TimeOutCounter_3 = "111111111";
     pll.R5_PDDiffAmp = "00", pll.R5_PDChargePump = pll.R5_CP3State = pll.R5_CounterReset = "0";
     pll.R6_SigmaDelte = "0000", pll.R6_MuxOut = "0001";
-
     pll.Main_RefDiv = 1, pll.Aux_RefDiv = 3;
     pll.Main_ChrgPump = 10, pll.Aux_ChrgPump = 5;
     pll.Main_LDEnable = "0", pll.Aux_LDEnable = "1";
     pll.MultiplexerReg = "0000000001";
     pll.ModulationControlReg = "1000000000", pll.ModulationDataReg = "110000000011";
-
     pll.StartFreq = 1000, pll.StopFreq = 2000, pll.StepSize = 1000, pll.RefFreq = 10;
     pll.Channel = 7;
   }

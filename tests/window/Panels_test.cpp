@@ -3,6 +3,7 @@
 #include <variant>
 
 #include "support/ProgramBench.h"
+#include "support/TempFile.h"
 
 namespace tessarine {
 namespace {
@@ -85,29 +86,30 @@ TEST(Panels, AllAreCopiedWhateverTheModelButThatOfTheSKY) {
   bench.window.FracRegister();
   EXPECT_EQ(bench.pll.Main_RefDiv, 0);
   EXPECT_EQ(bench.pll.R6_MuxOut, "0000");
+  const TempFile bands("800 1000 3\nend\n");
+  openPanel(bench, "SKY72300-362");
+  bench.set("Text47", bands.path());
+  bench.window.FracRegister();
+  EXPECT_EQ(bench.pll.SetupFileName, bands.path()) << "as if it were that of the phases";
 }
 
 TEST(Panels, OpenAndCloseWithTheirQuirks) {
   const struct {
-    const char *act, *shown, *button;  // what is clicked or picked, and the panels and the button's text then
+    const char *act, *shown, *button;  // what is clicked or picked, and the
+                                       // panels and the button's text then
   } steps[] = {{"LMX2306", "", "Advanced"},
                {"ACommand", "Frame16", "Advanced"},  // never "Close"
                {"Command10", "", "Advanced"},
                {"ADF4113", "", "Advanced"},
                {"ACommand", "Frame11", "Close"},
+               {"Close1", "", "Close"},
                {"ADF4153", "", "Close"},  // which survives a pick
                {"ACommand", "", "Advanced"},
-               {"ACommand", "Frame13", "Close"},
-               {"Label17", "", "Advanced"},
                {"ACommand", "Frame13", "Close"},
                {"Close1", "", "Close"},
                {"ADF4252", "", "Close"},
                {"ACommand", "", "Advanced"},
                {"ACommand", "Frame12", "Close"},
-               {"Close1", "", "Close"},
-               {"ADF4113", "", "Close"},
-               {"ACommand", "", "Advanced"},
-               {"ACommand", "Frame11", "Close"},
                {"Close1", "", "Close"},
                {"ADF4118", "", "Close"},
                {"ACommand", "", "Advanced"},
@@ -115,8 +117,8 @@ TEST(Panels, OpenAndCloseWithTheirQuirks) {
                {"ADF4193", "Frame16", "Close"},  // the one panel that survives a pick
                {"ACommand", "", "Advanced"},
                {"ACommand", "Frame17", "Close"},
-               {"ADF4118", "", "Close"},
-               {"ACommand", "", "Advanced"},
+               {"Label22", "", "Advanced"},
+               {"ADF4118", "", "Advanced"},
                {"ACommand", "Frame16", "Close"},
                {"SKY72300-362", "Frame16 Frame24", "Close"},
                {"Label20", "Frame24", "Advanced"},

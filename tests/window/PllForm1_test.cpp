@@ -33,8 +33,9 @@ std::string listing(const Form& form) {
   return out.str();
 }
 
-// A sum for each form as it was looked over on the screen. Who changes a caption, a place or a look there
-// looks at it again (tessarine-screenshots), reads the listing and takes the new sum.
+// A sum for each form as it was looked over on the screen. Who changes a
+// caption, a place or a look there looks at it again (tessarine-screenshots),
+// reads the listing and takes the new sum.
 TEST(Forms, AreAsTheyWereLookedOver) {
   ProgramBench bench;
   std::vector<std::pair<std::string, std::uint32_t>> sums;
@@ -56,7 +57,8 @@ TEST(Forms, AreAsTheyWereLookedOver) {
 TEST(MainWindow, ShowsTheFirstScreenAloneThenTheWorkingScreen) {
   ProgramBench bench;
   const std::string topLevel =
-      "Picture1 Frame24 Frame4193 Frame17 GeneralFrame DataFrame Frame2(0) Frame2(1) Frame2(2) Frame11";
+      "Picture1 Frame24 Frame4193 Frame17 GeneralFrame DataFrame Frame2(0) "
+      "Frame2(1) Frame2(2) Frame11";
   EXPECT_EQ(bench.shown(topLevel), "Picture1");
   EXPECT_TRUE(bench.host.port.accesses.empty());
   bench.open();
@@ -173,6 +175,7 @@ TEST(ModelMenu, TurnsTheWindowIntoThePanelOfTheChip) {
   };
   const std::string parts =
       five + " MCommand " + own + four + " Frame4193 Frame11 Frame12 Frame13 Frame16 Frame17 Frame24";
+  ProgramBench fresh;
   for (const auto& row : rows) {
     for (const std::string& model : row.models) {
       SCOPED_TRACE(model);
@@ -184,6 +187,8 @@ TEST(ModelMenu, TurnsTheWindowIntoThePanelOfTheChip) {
       EXPECT_EQ(prescalers, row.prescalers);
       bench.click("ACommand");
       EXPECT_EQ(bench.shown(parts), row.shown);
+      const std::string panel = row.shown.substr(row.shown.rfind(' ') + 1);
+      EXPECT_EQ(bench.control(panel).Place.get(), fresh.control(panel).Place.get());
       bench.pick("ADF4113");
       const std::string kept = bench.visible("Frame16") ? " Frame16" : "";
       EXPECT_EQ(bench.shown(parts), five + three + kept) << "and back";
