@@ -22,7 +22,9 @@ std::string recorded(const std::string& script) {
     followed.replace(from, std::string::npos, recorder.text(), from);
   };
   const std::string start = lines("click ContinueCommand; pick ADF4113");
-  EXPECT_EQ(bench.run(start + script), "");
+  EXPECT_EQ(bench.run(start), "");
+  EXPECT_EQ(recorder.settled(), recorder.text().size()) << "a pipe would miss it";
+  EXPECT_EQ(bench.run(script), "");
   EXPECT_EQ(followed, recorder.text());
   EXPECT_TRUE(followed.starts_with(headLine() + start)) << followed;
   return followed.substr((headLine() + start).size());
