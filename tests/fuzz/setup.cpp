@@ -12,7 +12,6 @@
 #include "support/PLLProbe.h"
 
 namespace tessarine {
-namespace {
 
 struct frac {
   static constexpr std::string_view kGood =
@@ -57,7 +56,6 @@ struct band {
   }
 };
 
-}  // namespace
 }  // namespace tessarine
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
