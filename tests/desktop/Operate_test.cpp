@@ -178,6 +178,9 @@ TEST(Wiring, TheDialogStaysOpenBehindItsMessage) {
   bench.menu("Parallel");
   FormWindow& dialog = bench.window(bench.form().parallelForm);
   EXPECT_EQ(dialog.windowTitle(), "Form1");
+  EXPECT_TRUE(comesTrue([&] {
+    return (dialog.geometry().center() - bench.window().geometry().center()).manhattanLength() < 60;
+  })) << "in the middle";
   bench.type("ParallelForm.LPTwText(0)", "10");
   std::string said;
   bench.answerMessage(said);

@@ -99,19 +99,20 @@ TEST(Messages, ShowTitleTextRemarkAndIconAsTheyAre) {
   bench.later(100, [&] {
     auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
     EXPECT_EQ(box->windowTitle(), "Ouput port Err");
-    EXPECT_EQ(box->text(), "Error & <b>more</b>");
-    EXPECT_EQ(box->informativeText(), "why: Error & <b>more</b>");
+    EXPECT_EQ(box->text(), "A & <b>");
+    EXPECT_EQ(box->informativeText(), "why: A & <b>");
     EXPECT_EQ(box->textFormat(), Qt::PlainText);
     EXPECT_EQ(box->icon(), QMessageBox::Critical);
     EXPECT_EQ(box->standardButtons(), QMessageBox::Ok);
     const auto* const shown = box->findChild<QLabel*>(QStringLiteral("qt_msgbox_label"));
     EXPECT_GE(shown->width(), shown->sizeHint().width());
-    EXPECT_GE(box->width(), box->fontMetrics().horizontalAdvance(box->windowTitle()) * 2)
-        << "its title is cut";
+    EXPECT_GE(box->width(), box->fontMetrics().horizontalAdvance("Ouput port Err"
+                                                                 "MMMMMMMMMM"))
+        << "cut title";
     seen = true;
     QTest::keyClick(box, Qt::Key_Escape);
   });
-  bench.desktop.messageBox("Error & <b>more</b>", Icon::critical, "Ouput port Err");
+  bench.desktop.messageBox("A & <b>", Icon::critical, "Ouput port Err");
   EXPECT_TRUE(seen);
   bench.desktop.answer = [](const std::string& text, Icon, const std::string&) { return text == "known"; };
   bench.desktop.messageBox("known", Icon::plain, "title");
