@@ -36,10 +36,14 @@ TEST(Waiting, RunsWhatTheOperatorDoesEndsOnTimeAndSleepsInBetween) {
   // Each sleep ends with an event of the deadline, and nothing else wakes it.
   const EventCounter ends(QEvent::SockAct);
   const EventCounter timers(QEvent::Timer);
-  time.start();
-  for (int i = 0; i < 10; ++i) DelayMs(bench.program.module, 100);
-  EXPECT_GE(time.elapsed(), 1000);
-  EXPECT_LT(time.elapsed(), 10'000);
+  qint64 shortest = 1000;
+  for (int i = 0; i < 10; ++i) {
+    time.start();
+    DelayMs(bench.program.module, 100);
+    shortest = std::min(shortest, time.elapsed());
+  }
+  EXPECT_GE(shortest, 99);
+  EXPECT_LE(shortest, 200) << "a busy host holds up some of them, not all";
   EXPECT_LE(ends.count, 30);
   EXPECT_LE(timers.count, 10);
 }
@@ -150,6 +154,7 @@ TEST(Activation, RunsWhenTheFocusComesBackFromAFormOfTheProgram) {
 
   about.close();
   EXPECT_FALSE(about.isVisible());
+  EXPECT_FALSE(QApplication::quitOnLastWindowClosed());
   EXPECT_EQ(bench.program.forms.active(), &bench.form());
 }
 
