@@ -1,6 +1,5 @@
-// The binding of controls to widgets, on a form that no other code knows: what
-// is declared appears, what changes shows, and what the operator does comes in
-// at the door once.
+// The binding of controls to widgets, on a form that no other code knows: what is declared appears, what
+// changes shows, and what the operator does comes in at the door once.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -1,5 +1,4 @@
-// The board's own window: that it shows what the board latched, at its own
-// pace, and stays out of the way.
+// The board's own window: that it shows what the board latched, at its own pace, and stays out of the way.
 #include "desktop/board/BoardWindow.h"
 
 #include <gmock/gmock.h>
@@ -32,8 +31,7 @@ using ::testing::IsSupersetOf;
 using ::testing::Key;
 using ::testing::StartsWith;
 
-// ----------------------------------------------------------------------------------------------
-// The chip
+// -------------------------------------------------------------------------------------------------- The chip
 
 // Which of the two colours of a lock it shows: "good", "bad", both or none.
 std::string lockColors(QWidget* widget) {
@@ -50,17 +48,14 @@ TEST(ChipView, TellsWhatTheChipMakesOfALoad) {
   BoardDesk desk;
   desk.pick("ADF4113");
   for (const char* const sign : kSigns) EXPECT_EQ(lockColors(desk.find(sign)), "bad") << sign;
-  desk.expectTexts({{"lock", "Not locked"},
-                    {"reason",
-                     "R register never loaded\nN register never "
-                     "loaded\nfunction register never loaded"},
-                    {"boardReason",
-                     "R register never loaded; N register never "
-                     "loaded; function register never loaded"},
-                    {"boardOutput", "– MHz"},
-                    {"output", "none"},
-                    {"offset", "–"},
-                    {"lockPin", "low"}});
+  desk.expectTexts(
+      {{"lock", "Not locked"},
+       {"reason", "R register never loaded\nN register never loaded\nfunction register never loaded"},
+       {"boardReason", "R register never loaded; N register never loaded; function register never loaded"},
+       {"boardOutput", "– MHz"},
+       {"output", "none"},
+       {"offset", "–"},
+       {"lockPin", "low"}});
   EXPECT_THAT(paintedTexts(*desk.find("lockSign")), ElementsAre(std::pair("NOT LOCKED", "#ffffff")));
 
   desk.load();
@@ -107,8 +102,7 @@ TEST(ChipView, EachFaultOfTheBoardIsChosenAndShows) {
   EXPECT_EQ(faults->currentIndex(), 3);
 }
 
-// ---------------------------------------------------------------------------------------------
-// The reach
+// ------------------------------------------------------------------------------------------------- The reach
 
 TEST(ReachCard, FollowsTheFieldsAndCopiesWhatIsClicked) {
   BoardDesk desk;
@@ -140,8 +134,7 @@ TEST(ReachCard, FollowsTheFieldsAndCopiesWhatIsClicked) {
                     {"reachOutput", ""}});
 }
 
-// -----------------------------------------------------------------------------------------
-// The registers
+// --------------------------------------------------------------------------------------------- The registers
 
 const QTreeWidgetItem& lineIn(const QTreeWidgetItem& parent, const std::string& name) {
   for (int row = 0; row < parent.childCount(); ++row)
@@ -196,8 +189,7 @@ TEST(RegisterView, ShowsTheWordsOfTheControlWindowFieldByFieldAndMarksWhatChange
   QApplication::setPalette(lightPalette());
 }
 
-// ---------------------------------------------------------------------------------------------
-// The wires
+// ------------------------------------------------------------------------------------------------- The wires
 
 TEST(WirePlot, WritesBitsFieldsWordsAndSilences) {
   BoardDesk desk;
@@ -266,8 +258,7 @@ TEST(WireView, ShowsAndSavesTheLastLoadOfTheChipThatIsThere) {
   std::ostringstream all;
   saveVcd(desk.port.board().trace(), desk.port.board().lastWrite(), all);
   EXPECT_EQ(desk.saved("saveVcd", "board.vcd"), all.str());
-  // The pulses went to the chip that was there before: they make no word that
-  // waits for its latch.
+  // The pulses went to the chip that was there before: they make no word that waits for its latch.
   desk.pick("ADF4193");
   EXPECT_TRUE(stretch.words.empty());
   EXPECT_THAT(stretch.looseBits, IsEmpty());
@@ -348,8 +339,7 @@ TEST(Saving, TellsHowItWentAndLeavesTheOldFileOnAFullDisk) {
   EXPECT_THAT(desk.text("boardStatus"), StartsWith("Could not save " + path + ": "));
 }
 
-// ---------------------------------------------------------------------------------
-// Frequencies over time
+// ------------------------------------------------------------------------------------- Frequencies over time
 
 TEST(FrequencyView, KeepsAHopAndASweepAndSavesThem) {
   BoardDesk desk(kFrequency);
@@ -390,8 +380,7 @@ TEST(FrequencyView, KeepsAHopAndASweepAndSavesThem) {
   EXPECT_EQ(desk.port.board().history().size(), 1U);
 }
 
-// ------------------------------------------------------------------------------------------
-// Pace and room
+// --------------------------------------------------------------------------------------------- Pace and room
 
 TEST(BoardWindow, ManySendsAreBoundedInPainting) {
   BoardDesk desk(kWire);
@@ -413,14 +402,15 @@ TEST(Idling, NoWindowRunsATimerOrPaintsAndAHiddenOneIsNotFilled) {
   Bench bench;
   bench.startWorking();
   bench.find("RefText")->setFocus();
-  QTest::qWait(500);
-  const EventCounter timers(QEvent::Timer);
-  const EventCounter paints(QEvent::Paint);
-  QTest::qWait(1500);  // a cursor would have blinked
-  EXPECT_EQ(timers.count, 0);
-  EXPECT_EQ(paints.count, 0);
+  EXPECT_TRUE(comesTrue([] {
+    const EventCounter timers(QEvent::Timer);
+    const EventCounter paints(QEvent::Paint);
+    QTest::qWait(1200);  // a cursor would blink
+    return timers.count == 0 && paints.count == 0;
+  }));
   desk.window.hide();
-  desk.set({{"VCOText", "925.2"}});
+  const EventCounter timers(QEvent::Timer);
+  desk.set("VCOText", "925.2");
   desk.click("AllCommand");
   QTest::qWait(50);
   EXPECT_EQ(timers.count, 0);
@@ -428,8 +418,7 @@ TEST(Idling, NoWindowRunsATimerOrPaintsAndAHiddenOneIsNotFilled) {
   EXPECT_EQ(desk.text("output"), "925.200000 MHz");
 }
 
-// -------------------------------------------------------------------------------------
-// Beside the program
+// ---------------------------------------------------------------------------------------- Beside the program
 
 TEST(BoardWindow, F12ShowsAndHidesItWithoutTakingTheKeyboard) {
   BoardDesk desk;
@@ -524,15 +513,12 @@ TEST(BoardWindow, NamesItsPagesLinesAndButtons) {
     if (!button->text().isEmpty() && !button->objectName().startsWith("reach")) texts << button->text();
   for (int tab = 0; tab < 5; ++tab) texts << desk.find<QTabWidget>("boardViews")->tabText(tab);
   texts.sort();
-  EXPECT_EQ(texts.join("|").toStdString(),
-            "&Chip|&Fault|&Registers|&Save as CSV...|&Save as VCD...|&Wire|A "
-            "load gives|C&lear|Cop&y|Detector|"
-            "Difference|Dividers|F&old pauses|Fre&quency|Frequencies|Last "
-            "asked for|Lock|Lock-detect pin|"
-            "Next above|Next below|Off by|Output|R\nP\nB\nA\nN|R&un a "
-            "script...|Reach|Reference|S&how|"
-            "S&napshot|S&top|Sa&ve...|Save as &PNG...|Scri&pt|Step that meets "
-            "it|Typed in");
+  EXPECT_EQ(
+      texts.join("|").toStdString(),
+      "&Chip|&Fault|&Registers|&Save as CSV...|&Save as VCD...|&Wire|A load gives|C&lear|Cop&y|Detector|"
+      "Difference|Dividers|F&old pauses|Fre&quency|Frequencies|Last asked for|Lock|Lock-detect pin|"
+      "Next above|Next below|Off by|Output|R\nP\nB\nA\nN|R&un a script...|Reach|Reference|S&how|"
+      "S&napshot|S&top|Sa&ve...|Save as &PNG...|Scri&pt|Step that meets it|Typed in");
 }
 
 }  // namespace

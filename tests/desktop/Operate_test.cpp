@@ -1,5 +1,4 @@
-// The program under the operator's hands, from the first screen to the words on
-// the wire.
+// The program under the operator's hands, from the first screen to the words on the wire.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 

@@ -97,7 +97,8 @@ TEST_F(ScriptPage, RunsAScriptThatCanBeStoppedAndShowsItsLine) {
     EXPECT_EQ(markedLine(), 2);
     run.prints("a\tb\n");
     EXPECT_FALSE(find<QWidget>("runScript").isEnabled());
-    EXPECT_TRUE(find<QWidget>("stopScript").hasFocus()) << "the keyboard goes from one button to the other";
+    EXPECT_EQ(view.focusWidget(), &find<QWidget>("stopScript"))
+        << "the keyboard goes from one button to the other";
     view.run(path);  // one at a time
     press("stopScript");
     EXPECT_TRUE(run.isStopped());
@@ -114,7 +115,7 @@ TEST_F(ScriptPage, RunsAScriptThatCanBeStoppedAndShowsItsLine) {
   };
   press("runScript");
   EXPECT_EQ(status(), "x.script:3: Off is disabled");
-  EXPECT_TRUE(find<QWidget>("runScript").hasFocus());
+  EXPECT_EQ(view.focusWidget(), &find<QWidget>("runScript"));
   EXPECT_EQ(markedLine(), 3);
   EXPECT_EQ(shown("scriptPrinted"), "x.script:3: Off is disabled");
 }
