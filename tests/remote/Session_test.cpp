@@ -1,5 +1,4 @@
-// A long session of two clients with good commands and bad ones: every query is answered once, and the error
-// queue is exact.
+// Two clients with good commands and bad ones: every query is answered once, and the error queue is exact.
 #include <gtest/gtest.h>
 
 #include <algorithm>
