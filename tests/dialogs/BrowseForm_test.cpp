@@ -65,16 +65,20 @@ TEST_F(BrowseFormTest, CancelKeepsTheTextAndTheDirectory) {
     click("BrowseForm.Command2");
   });
   EXPECT_EQ(kept, "before");
+  fs::create_directory(root / "setups" / "old ones" / "new");
   browse([&] {
     EXPECT_EQ(value("BrowseForm.Label4"), in("setups/old ones"));
     EXPECT_EQ(value("BrowseForm.Text1"), "*.*");
     EXPECT_EQ(value("BrowseForm.Text2"), "");
+    EXPECT_EQ(form.Dir1.List.get().back(), "new") << "looked at anew";
   });
 }
 
 TEST_F(BrowseFormTest, ListsFollowDirectoryPatternAndName) {
   browse([&] {
+    set("BrowseForm.File1", "plain");
     set("BrowseForm.Text1", "*.txt; *.set");
+    EXPECT_EQ(form.File1.ListIndex.get(), -1);
     EXPECT_EQ(files(), (Texts{"ADF4193.txt", "adf4113.txt", "bänd.set"}));
     set("BrowseForm.Text2", "ADF");
     EXPECT_EQ(files(), Texts{"ADF4193.txt"});
@@ -102,6 +106,7 @@ TEST_F(BrowseFormTest, DoubleClickAcceptsAndTypedTextsPassUnchecked) {
     click("BrowseForm.Command1");
   });
   EXPECT_EQ(typed, "/no such file") << "at the root no second separator";
+  browse([&] { EXPECT_EQ(form.File1.Pattern.get(), "*.*") << "not that of the name typed before"; });
 }
 
 TEST_F(BrowseFormTest, DriveThatCannotBeEnteredFallsBack) {

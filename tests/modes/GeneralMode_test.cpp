@@ -87,9 +87,8 @@ TEST(GeneralMode, ClickInsideAWaitNestsASecondLoad) {
     bench.click("AllCommand");
   });
   bench.click("AllCommand");
-  // The nested load falls into the first wait of R's strobe, after R was
-  // shifted and before its pulse. R is then pulsed without new data, and the
-  // outer load goes on with the words of the inner one.
+  // The nested load falls into the first wait of R's strobe, after R was shifted and before its pulse. R is
+  // then pulsed without new data, and the outer load goes on with the words of the inner one.
   const std::string n1000 = "27101/24"_w[0];
   EXPECT_EQ(bench.latches(), (Words{kSet[0], kSet[1] + kSet[0], kSet[1], n1000, "", n1000}));
   EXPECT_EQ(bench.value("Nregister"), n1000);
@@ -100,8 +99,7 @@ TEST(GeneralMode, StartsWithinStartsEndWithOneMessage) {
   TunedBench bench;
   for (int i = 1; i <= 20'000; ++i) bench.clickAt(1, "AllCommand");
   bench.click("AllCommand");
-  EXPECT_EQ(bench.messages(), Texts{"More than 100 actions wait for one "
-                                    "another: what is begun now is left "
+  EXPECT_EQ(bench.messages(), Texts{"More than 100 actions wait for one another: what is begun now is left "
                                     "out until they end"});
   EXPECT_GE(bench.latches().size(), 300U) << "the others are carried out";
   bench.forget();

@@ -18,8 +18,7 @@ struct HopBench : ProgramBench {
     set({{"VcoText1", "900"}, {"VcoText2", "1000"}, {"HopText", hops}, {"DelayText", "100"}});
     forget();
   }
-  // The frequencies of the N words that reached the chip, as their counters
-  // say: 200 kHz steps, prescaler 8/9.
+  // The frequencies of the N words on the wire, as their counters say: 200 kHz steps, prescaler 8/9.
   [[nodiscard]] Texts sent() const {
     Texts result;
     for (const std::string& word : reversed(latches())) {
@@ -59,8 +58,7 @@ TEST(HopMode, ClicksUnderwayEndItAfterThePassAndItsDelayOrRunInside) {
               {{{200, "StopHop"}}, {"900", "1000"}, 320},
               {{{100, "Hop1"}}, {"900"}, 160},
               {{{100, "Gen1"}}, {"900", "1000", "900", "1000"}, 640},
-              // A second one runs to its end inside the first delay of the
-              // first, whose rest follows.
+              // A second one runs to its end inside the first delay of the first, whose rest follows.
               {{{100, "StartHop"}}, {"900", "900", "1000", "900", "1000", "1000", "900", "1000"}, 1220},
               {{{100, "StartHop"}, {200, "StopHop"}}, {"900", "900"}, 260}};
   for (const auto& row : rows) {
@@ -129,8 +127,7 @@ TEST(HopMode, ADF4193HopsWithoutDelayAndWithItsPowerUp) {
   EXPECT_TRUE(bench.messages().empty());
   EXPECT_EQ(bench.pll.Model, "ADF4193") << "the panels were copied although no command had run";
   EXPECT_LT(bench.milliseconds(), 5000);
-  // The power-up's 14 words once before the loop and in each of the two sends,
-  // which add 9 words each.
+  // The power-up's 14 words once before the loop and in each of the two sends, which add 9 words each.
   EXPECT_EQ(bench.latches().size(), 14U + 2 * (14U + 9U));
   EXPECT_EQ(bench.value("Label8"), kEnded);
 }

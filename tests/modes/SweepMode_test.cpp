@@ -57,8 +57,7 @@ TEST(SweepMode, StepButtonsHaveExactLimitsAndTheirOwnText) {
   bench.click("Gen1");
   bench.click("CalculateCommand");
   bench.click("Sweep1");
-  bench.click("NextCommand");  // enabled from the start: it works on whatever
-                               // frequency stands
+  bench.click("NextCommand");  // enabled from the start: it works on whatever frequency stands
   EXPECT_EQ(bench.value("Label15"), " Current Freq                 0.125");
   EXPECT_FALSE(bench.window.PrevCommand.Enabled);
   bench.click("StartSweepCommand");
@@ -99,8 +98,7 @@ TEST(SweepMode, FaultsAndEntriesThatLeadNowhereAreOneMessage) {
   } rows[] = {
       {"1000", "999", "100", "40", 0, kTrue, " Start should be less  then stop"},
       {"1000", "1001", "-100", "40", 0, kFalse,
-       "Step Size = -100 kHz leads away from the stop frequency: it must be 0 "
-       "or above"},
+       "Step Size = -100 kHz leads away from the stop frequency: it must be 0 or above"},
       {"1000", "1001", "100", "32768", 0, kFalse, "Delay = 32768 does not fit 16 bits (-32768 to 32767)"},
       {"13105", "13108", "1000", "40", 3, kFalse, "B = 8192 does not fit 13 bits (0 to 8191)"},
   };

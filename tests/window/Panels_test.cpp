@@ -95,8 +95,7 @@ TEST(Panels, AllAreCopiedWhateverTheModelButThatOfTheSKY) {
 
 TEST(Panels, OpenAndCloseWithTheirQuirks) {
   const struct {
-    const char *act, *shown, *button;  // what is clicked or picked, and the
-                                       // panels and the button's text then
+    const char *act, *shown, *button;  // what is clicked or picked; panels and button then
   } steps[] = {{"LMX2306", "", "Advanced"},
                {"ACommand", "Frame16", "Advanced"},  // never "Close"
                {"Command10", "", "Advanced"},

@@ -33,9 +33,8 @@ std::string listing(const Form& form) {
   return out.str();
 }
 
-// A sum for each form as it was looked over on the screen. Who changes a
-// caption, a place or a look there looks at it again (tessarine-screenshots),
-// reads the listing and takes the new sum.
+// A sum for each form as it was looked over on the screen. Who changes a caption, a place or a look there
+// looks at it again (tessarine-screenshots), reads the listing and takes the new sum.
 TEST(Forms, AreAsTheyWereLookedOver) {
   ProgramBench bench;
   std::vector<std::pair<std::string, std::uint32_t>> sums;
@@ -57,8 +56,7 @@ TEST(Forms, AreAsTheyWereLookedOver) {
 TEST(MainWindow, ShowsTheFirstScreenAloneThenTheWorkingScreen) {
   ProgramBench bench;
   const std::string topLevel =
-      "Picture1 Frame24 Frame4193 Frame17 GeneralFrame DataFrame Frame2(0) "
-      "Frame2(1) Frame2(2) Frame11";
+      "Picture1 Frame24 Frame4193 Frame17 GeneralFrame DataFrame Frame2(0) Frame2(1) Frame2(2) Frame11";
   EXPECT_EQ(bench.shown(topLevel), "Picture1");
   EXPECT_TRUE(bench.host.port.accesses.empty());
   bench.open();
