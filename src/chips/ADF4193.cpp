@@ -73,17 +73,17 @@ void PLL::Calculate_ADF_4193() {
 
   Astr = wholeField;
   Bstr = fracField;
-  Nstr = joined({
+  word(Nstr) = {
       "000",  // DB0-2: control
       Bstr,   // DB3-14: FRAC
       Astr,   // DB15-22: N
       "0",    // DB23
-  });
+  };
   R0 = Nstr;
   show(0, "R0: ", R0);
 
   if (fromFile) PreScalar = PreScalarFromFile;
-  Rstr = joined({
+  word(Rstr) = {
       "100",                    // DB0-2: control
       modField,                 // DB3-14: MOD
       counterField,             // DB15-18: R
@@ -92,16 +92,16 @@ void PLL::Calculate_ADF_4193() {
       "0",                      // DB21
       R1_REF2,                  // DB22: reference halved
       R1_CP,                    // DB23: charge-pump adjustment
-  });
+  };
   r1 = Rstr;
   show(1, "R1: ", r1);
 
   if (fromFile) R2_PhaseValue = PadBits(PhasePerFrac(toInteger(FRAC, "FRAC")), 12);
-  R2 = joined({
+  word(R2) = {
       "0",            // DB15
       R2_PhaseValue,  // DB3-14: phase
       "010",          // DB0-2: control
-  });
+  };
   show(2, "R2: ", R2);  // the one label in natural order
   UpsideSTR(R2);
 

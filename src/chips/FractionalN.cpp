@@ -38,21 +38,21 @@ void PLL::CalcADF4252() {
 
   RTotal = R;
   module_.view->showDetectorFrequency(detectorCaption(PFD));
-  Nstr = joined({
+  word(Nstr) = {
       "000",       // DB0-2: control
       fracField,   // DB3-14: FRAC
       wholeField,  // DB15-22: INT
       "0",         // DB23
-  });
+  };
   Astr = modField;
   Bstr = counterField;
-  Rstr = joined({
+  word(Rstr) = {
       "100",                    // DB0-2: control
       Astr,                     // DB3-14: MOD
       Bstr,                     // DB15-18: R
       RFRefDoubler,             // DB19: reference doubler
       prescalerBit(PreScalar),  // DB20: prescaler
-  });
+  };
   MStr = MasterReg;
   FStr = RFcontrolREG;
 }

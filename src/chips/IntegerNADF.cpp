@@ -47,7 +47,7 @@ void PLL::CalcADFWords() {
   const String R = shiftingField("R", roundDown(RTotal), 14);
   // Nothing can be refused from here on.
 
-  const bool fromFile = module_.CurrentModel == "ADF4113" && !SetupFile_ADF4113.empty();
+  const bool fromFile = !SetupFile_ADF4113.empty() && module_.CurrentModel == "ADF4113";
   const String setting = fromFile ? currentSetting2() : String();
   const bool usable = isCurrentSetting(setting);
   // Without a usable one the panel's comes back, which the band before may have replaced.
@@ -62,24 +62,24 @@ void PLL::CalcADFWords() {
 
   Astr = A;
   Bstr = B;
-  Rstr = joined({
+  word(Rstr) = {
       "00",  // control
       R,
       "00000000",
-  });
-  Nstr = joined({
-      "10",  // control
-      Astr,
-      Bstr,
-      CPGain,
+  };
+  word(Nstr) = {
+      "10",    // control
+      Astr,    // DB2-7
+      Bstr,    // DB8-20
+      CPGain,  // DB21
       "00",
-  });
-  FStr = joined({
+  };
+  word(FStr) = {
       FuncInit,  // control: function latch or initialisation latch
       "1",       // control
       FAnalogDevice,
       prescalerCode(PreScalar),
-  });
+  };
 
   // Told at the end: while the box is open another command may run.
   if (fromFile && !usable) {

@@ -16,23 +16,23 @@ void PLL::CalcLMXWords() {
 
   Astr = A;
   Bstr = B;
-  Rstr = joined({
+  word(Rstr) = {
       "00",  // control
       R,
       "0000",
       LDPrecision,
-  });
-  Nstr = joined({
+  };
+  word(Nstr) = {
       "10",  // control
       Astr, Bstr,
       GoBit,  // empty until the operator has chosen a gain
-  });
-  FStr = joined({
+  };
+  word(FStr) = {
       "01",  // control
       "00100",
       module_.PolarityNegative != 0 ? "0" : "1",
       "0000100000000",
-  });
+  };
 }
 
 }  // namespace tessarine

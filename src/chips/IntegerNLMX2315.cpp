@@ -32,17 +32,17 @@ void PLL::CalcLMX2315Words() {
 
   Astr = A;
   Bstr = B;
-  Rstr = joined({
+  word(Rstr) = {
       "1",  // control
       R,
       prescalerSelect(module_.CurrentModel, PreScalar),
       "000",
-  });
-  Nstr = joined({
+  };
+  word(Nstr) = {
       "0",  // control
       Astr,
       Bstr,
-  });
+  };
 }
 
 }  // namespace tessarine

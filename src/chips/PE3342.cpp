@@ -34,13 +34,9 @@ void PLL::Set_PE3342() {
   UpsideSTR(Rstr);
   UpsideSTR(Astr);
   UpsideSTR(MStr);
-  Nstr = joined({
-      bits(Rstr, 5, 4),
-      bits(MStr, 8, 7),
-      bits(MStr, 6, 0),
-      bits(Rstr, 3, 0),
-      bits(Astr, 3, 0),
-  });
+  word(Nstr) = {
+      bits(Rstr, 5, 4), bits(MStr, 8, 7), bits(MStr, 6, 0), bits(Rstr, 3, 0), bits(Astr, 3, 0),
+  };
   UpsideSTR(Nstr);
   LoadNstr();
 }

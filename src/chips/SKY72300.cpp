@@ -72,25 +72,25 @@ void PLL::CalcSKY72300() {
   const auto show = [this](int index, std::string_view name, const String& word) {
     module_.view->showWord(index, joined({name, word}));
   };
-  R0 = joined({"0000", "000", wholeField});
+  word(R0) = {"0000", "000", wholeField};
   show(0, "R0: ", R0);
-  r1 = joined({"0001", "00", upperF});
+  word(r1) = {"0001", "00", upperF};
   show(1, "R1: ", r1);
-  R2 = joined({"0010", "0000", lowerF});
+  word(R2) = {"0010", "0000", lowerF};
   show(2, "R2: ", R2);
-  R3 = joined({"0011", "000", "000000000"});
+  word(R3) = {"0011", "000", "000000000"};
   show(3, "R3: ", R3);
-  R4 = joined({"0100", "00", "0000000000"});
+  word(R4) = {"0100", "00", "0000000000"};
   show(4, "R4: ", R4);
-  R5 = joined({"0101", "00", "00000", refDivField});
+  word(R5) = {"0101", "00", "00000", refDivField};
   show(5, "R5: ", R5);
-  R6 = joined({"0110", Aux_LDEnable, auxPump, Main_LDEnable, mainPump});
+  word(R6) = {"0110", Aux_LDEnable, auxPump, Main_LDEnable, mainPump};
   show(6, "R6: ", R6);
-  R7 = joined({"0111", "00", MultiplexerReg});
+  word(R7) = {"0111", "00", MultiplexerReg};
   show(7, "R7: ", R7);
-  R8 = joined({"1000", "00", ModulationControlReg});
+  word(R8) = {"1000", "00", ModulationControlReg};
   show(8, "R8: ", R8);
-  R9 = joined({"1001", ModulationDataReg});
+  word(R9) = {"1001", ModulationDataReg};
   show(9, "R9: ", R9);
 
   // Told at the end: while the box is open another command may run.

@@ -1,12 +1,28 @@
 // What the word builders of the chip families share.
 #pragma once
 
+#include <initializer_list>
 #include <string_view>
 
 #include "engine/Types.h"
 #include "platform/Text.h"
 
 namespace tessarine {
+
+// A register word that takes its fields, first to last: `word(Rstr) = {"00", R, "00000000"};`. None of them
+// may be part of it, as its room is used again: a load makes several.
+class FilledWord {
+ public:
+  explicit FilledWord(String& word) : word_(word) {}
+  void operator=(std::initializer_list<std::string_view> fields) {
+    word_.clear();
+    for (const std::string_view field : fields) word_ += field;
+  }
+
+ private:
+  String& word_;
+};
+[[nodiscard]] inline FilledWord word(String& word) { return FilledWord(word); }
 
 // A Fault unless `value` is above 0 and finite: nothing can be divided by it otherwise.
 void requireAboveZero(std::string_view name, double value, std::string_view unit = {});

@@ -33,7 +33,7 @@ void PLL::ShiftOut(const String& Word) {
   PortLines port(module_);
   port.write(0);
   for (auto bit = bits.rbegin(); bit != bits.rend(); ++bit) {
-    const int data = *bit == '1' ? DATAbit : 0;
+    const int data = DATAbit * static_cast<int>(*bit == '1');
     port.write(data);
     const int lines = port.read(data);
     port.write(lines | CLOCKbit);
