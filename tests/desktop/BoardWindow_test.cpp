@@ -136,10 +136,10 @@ TEST(ReachCard, FollowsTheFieldsAndCopiesWhatIsClicked) {
 
 // --------------------------------------------------------------------------------------------- The registers
 
-const QTreeWidgetItem& lineIn(const QTreeWidgetItem& parent, const std::string& name) {
+const QTreeWidgetItem& lineIn(const QTreeWidgetItem& parent, const char* name) {
   for (int row = 0; row < parent.childCount(); ++row)
-    if (parent.child(row)->text(RegisterView::kName).toStdString() == name) return *parent.child(row);
-  throw std::runtime_error("no line " + name);
+    if (parent.child(row)->text(RegisterView::kName) == QLatin1String(name)) return *parent.child(row);
+  throw std::runtime_error(std::string("no line ") + name);
 }
 
 TEST(RegisterView, ShowsTheWordsOfTheControlWindowFieldByFieldAndMarksWhatChanged) {
