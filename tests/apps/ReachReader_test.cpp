@@ -120,11 +120,12 @@ void drawPanels(ReachDesk& desk, Draw& draw) {
   const Texts odd = {"0", "16", "-1", "1.5", "99999", "", "0.5", "33"};
   for (const char* field : {"RText", "Text27", "Text36(0)", "Text46(0)"})
     desk.write(field, draw.of(counters, odd));
-  desk.write("Text26", draw.of({"0", "0", "15", "0", "7"}, {"16", "-1"}));
+  desk.write("Text26", draw.of({"0", "0", "15", "0", "7"}, {"16", "-1", "40000"}));
   desk.write("Text36(1)", draw.of({"0", "5"}, {"40000"}));
   desk.write("Text36(2)", draw.of({"0", "100"}, {"32764", "-32764", "40000"}));
-  desk.write("Text46(2)", draw.of({"31", "0"}, {"32", "-1"}));
-  desk.write("Text46(3)", draw.of({"31", "7"}, {"40"}));
+  desk.write("Text46(1)", draw.of({"3"}, {"40000"}));
+  desk.write("Text46(2)", draw.of({"31", "0"}, {"32", "-1", "40000"}));
+  desk.write("Text46(3)", draw.of({"31", "7"}, {"40", "40000"}));
   window.XLabel.Caption = draw.of({"0", "1"});
   window.Check11(2).Value = static_cast<int>(draw.below(2));
   window.Label43.Caption = draw.of({"Normal Mode", "LCD Mode"});

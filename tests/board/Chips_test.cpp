@@ -168,15 +168,6 @@ TEST(Chips, LoseTheirRegistersOnlyWhenTheChipChanges) {
   EXPECT_EQ(bench.tuning().reason(), "no chip");
 }
 
-TEST(Chips, TakeTheReferenceAsItIsAtTheLatch) {
-  BoardBench bench("ADF4113");
-  bench.load(kSet4113);
-  bench.referenceMHz = 20;
-  EXPECT_DOUBLE_EQ(*bench.tuning().outputMHz, 900);
-  bench.load(kSet4113.back());
-  EXPECT_DOUBLE_EQ(*bench.tuning().outputMHz, 1800);
-}
-
 TEST(Chips, EachTimerOfTheADF4193HasItsOwnWordBehindOneAddress) {
   BoardBench bench("ADF4193");
   bench.load("007FF4/24 0040AC/24 004044/24"_w);

@@ -121,10 +121,6 @@ const struct {
      "below\t1234.999962 MHz\n"
      "above\t1235.000000 MHz\n"
      "note\tspur at 5 MHz, the way to the nearest integer boundary\n"},
-    {"a quotient is cut down to R", "ADF4113", typed(900, 10, 30, 8),
-     "why\tthe step of 30 kHz does not divide the reference of 10 MHz: R = 333 makes the detector "
-     "30.03003003 "
-     "kHz\n"},
     {"a hair of R is lost", "ADF4113", typed(11, 1.1, 1.1, 8),
      "why\tthe step of 1.1 kHz divides the reference of 1.1 MHz, but the program cuts the quotient down: R = "
      "999 makes the detector 1.1011011011 kHz\n"},

@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdint>
 #include <stdexcept>
 
 #include "board/BoardBench.h"
+#include "board/Cable.h"
 #include "support/FakePlatform.h"
 
 namespace tessarine::board {
@@ -24,29 +24,24 @@ struct Tapped {
   }
 };
 
-void shiftPort(PortDriver& driver, const char* bits) {
-  for (; *bits != '\0'; ++bits) {
-    const std::uint8_t level = *bits == '1' ? 2 : 0;
-    for (const int lines : {level + 0, level + 1, level + 0})
-      driver.DlPortWritePortUchar(0x378, static_cast<std::uint8_t>(lines));
-  }
-  driver.DlPortWritePortUchar(0x378, 4);
-  driver.DlPortWritePortUchar(0x378, 0);
+void shiftPort(PortDriver& driver, const char* lastBitFirst) {
+  shiftWordWave("B0", "B1", "B2", lastBitFirst,
+                [&](auto lines) { driver.DlPortWritePortUchar(0x378, lines); });
 }
 
 TEST(WireTap, ShowsTheSameWordsThatTheBoardGets) {
   Tapped tapped;
   tapped.tap.listen(&tapped.seen);
-  shiftPort(tapped.tap, "0001000000001100101");
+  shiftPort(tapped.tap, "1010011000000001000");
   tapped.tap.OutputByte1(0x37A, 4);  // another port
   tapped.tap.UsbShiftWord("B3", "B2", "B1", "B0", 0, "0001010000110001000");
   tapped.tap.UsbWritePort("B", 2);
   EXPECT_EQ(tapped.tap.UsbReadPort("B"), 2);
   tapped.tap.UsbWritePort("B", 0);
   tapped.tap.UsbWritePort("A", 2);  // no wire
-  const auto latches = tapped.seen.takeLatches();
-  EXPECT_EQ(latches, (Words{"0001000000001100101", "0001000110000101000", ""}));
-  EXPECT_EQ(tapped.real.board().takeLatches(), latches);
+  const Words words = {kSet2325[0], kSet2325[1], ""};
+  EXPECT_EQ(tapped.seen.takeLatches(), words);
+  EXPECT_EQ(tapped.real.board().takeLatches(), words);
   EXPECT_DOUBLE_EQ(*tapped.seen.tuning().outputMHz, 900);
   EXPECT_EQ(tapped.tap.DlPortReadPortUchar(0x378), 0);
   EXPECT_EQ(tapped.tap.InputByte1(0x37A), 4);

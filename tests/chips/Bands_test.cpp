@@ -14,6 +14,8 @@ namespace {
 using Rows = ChipBench::Bands;
 
 constexpr const char* kSky = "SKY72300-362";
+const String kXs(32, 'x');
+const String kNoNumber = "high\033[2J" + kXs + "xxxxxxxx";
 const Rows kBands{{800, 900, "011"}, {900, 1000, "101"}, {0, 0, ""}};
 
 const struct {
@@ -39,12 +41,7 @@ const struct {
     {"to even", kSky, 1200, {{1000, 1300, "8.5"}}, 8},
     {"the least", kSky, 1200, {{1000, 1300, "0"}}, 0},
     {"no code", kSky, 1200, {{1000, 1300, ""}}, 10, "1200 MHz (\"\")"},
-    {"no number",
-     kSky,
-     1200,
-     {{1000, 1300, "high\033[2J" + String(40, 'x')}},
-     10,
-     "1200 MHz (\"high?[2J" + String(32, 'x') + "...\")"},
+    {"no number", kSky, 1200, {{1000, 1300, kNoNumber}}, 10, "1200 MHz (\"high?[2J" + kXs + "...\")"},
     {"a sign alone", kSky, 1200, {{1000, 1300, "-"}}, 10, "1200 MHz (\"-\")"},
     {"an empty table", kSky, 1200, {}, 10, "1200 MHz (\"\")"},
 };

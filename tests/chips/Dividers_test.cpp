@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <bitset>
+#include <numeric>
 #include <string>
 
 #include "engine/BitStrings.h"
@@ -17,7 +18,7 @@ const struct {
   double Fosc, Fcomp, Fvco;
   const char* dividers;  // of the fractional chips with the caption of the detector frequency
   const char* R = "1";
-  Integer D = 0, prescaler = 8;
+  Integer D = 0, prescaler = 8, lowestTerms = 0;
 } kRows[] = {
     {"whole multiple", "ADF4113", 50, 1000, 6400, "B 100 A 0 R 50", "1", 0, 64},
     {"half a thousand-millionth below is noise", "ADF4113", 50, 1000, 799.999999996, "B 100 A 0 R 50"},
@@ -40,6 +41,10 @@ const struct {
     {"the Single lies above 19.2", "ADF4153", 19.2, 100, 1747.2, "90+192/192 at 19200"},
     {"no output frequency", "ADF4252", 10, 7, 0, "0+0/357 at 2500", "4"},
     {"a fraction in R", "ADF4252", 15, 200, 1000, "100+0/50 at 10000", "1.5"},
+
+    {"lowest terms", "ADF4153", 10, 10, 1000.05, "100+1/200 at 10000", "1", 0, 8, 1},
+    {"lowest terms of no fraction", "ADF4153", 10, 10, 1000, "100+0/1000 at 10000", "1", 0, 8, 1},
+    {"5000/8000, too wide before", "ADF4153", 10, 1.25, 1006.25, "100+5/8 at 10000", "1", 0, 8, 1},
 
     {"4/5", "ADF4252", 10, 200, 1000.2, "100+1/50 at 10000, 4/5", "1", 0, 4},
     {"4/5 for all that is not 8/9", "ADF4153", 10, 200, 1000.2, "100+1/50 at 10000, 4/5", "1", 0, 16},
@@ -92,11 +97,26 @@ TEST(Dividers, AtTheEdgesOfTheirRounding) {
     pll.Fosc = c.Fosc, pll.Fcomp = c.Fcomp;
     pll.RF_R_Counter = c.R, pll.RFRefDoubler = pll.R1_DoublerEnable = std::to_string(c.D);
     const Integer R = pll.RCounter_4531 = pll.Main_RefDiv = leadingInteger(c.R, "R");
-    pll.DoublerEnabled_4531 = c.D;
+    pll.DoublerEnabled_4531 = c.D, pll.Normal_LCD_Mode_4531 = c.lowestTerms;
     pll.R1_RFCounter = std::bitset<4>(static_cast<unsigned>(R)).to_string();
     bench.calculate();
     EXPECT_EQ(dividersOf(bench), c.dividers) << c.model << ": " << c.name;
     EXPECT_TRUE(bench.host.screen.messages.empty());
+  }
+}
+
+TEST(Dividers, OfAFractionInLowestTerms) {
+  for (Integer fraction = 0; fraction <= 120; ++fraction) {
+    for (Integer modulus = 1; modulus <= 120; ++modulus) {
+      const int divisor = fraction == 0 ? 1 : std::gcd(fraction, modulus);
+      for (const auto makeLCD : {PLL::MakeLCD, PLL::MakeLCD_Orvel}) {
+        Integer numerator = fraction;
+        Integer denominator = modulus;
+        makeLCD(numerator, denominator);
+        ASSERT_EQ(numerator, fraction / divisor) << fraction << '/' << modulus;
+        ASSERT_EQ(denominator, modulus / divisor) << fraction << '/' << modulus;
+      }
+    }
   }
 }
 

@@ -13,6 +13,8 @@
 namespace tessarine {
 namespace {
 
+void usePump(ChipBench& bench, const char* code) { bench.useBands({{1, 2, code}}); }
+
 TEST(Faults, ARefusedCalculationChangesNothingButWordsThatAnADF4153HasBuilt) {
   const struct {
     const char* model;
@@ -42,15 +44,9 @@ TEST(Faults, ARefusedCalculationChangesNothingButWordsThatAnADF4153HasBuilt) {
        "MOD = 4096 does not fit 12 bits (0 to 4095)"},
       {"SKY72300-362", [](auto& b) { b.pll.Main_ChrgPump = 32; },
        "Main charge pump = 32 does not fit 5 bits (0 to 31)"},
-      {"SKY72300-362",
-       [](auto& b) {
-         b.useBands({{1, 2, "32"}});
-       },
+      {"SKY72300-362", [](auto& b) { usePump(b, "32"); },
        "Charge pump of the band file = 32 cannot be used (0 to 31)"},
-      {"SKY72300-362",
-       [](auto& b) {
-         b.useBands({{1, 2, "-1"}});
-       },
+      {"SKY72300-362", [](auto& b) { usePump(b, "-1"); },
        "Charge pump of the band file = -1 cannot be used (0 to 31)"},
       {"ADF4153", [](auto& b) { b.pll.Fosc = 1e39; }, "Reference Frequency = 1e+39 MHz is too large"},
       {"ADF4153", [](auto& b) { b.pll.Fvco = 5120; }, "INT = 512 does not fit 9 bits (0 to 511)"},

@@ -142,7 +142,6 @@ TEST(FilePattern, MatchesAsFileDialogsDo) {
               {"*.", {}},
               {"", {}},
               {"pl*.*", {"plain"}},
-              {"*.set", {}},
               {"*.set;*.txt", {"a.txt", "ab.txt", "ä.txt"}},
               {"?.txt", {"a.txt", "ä.txt"}},
               {"a*X*c", {"aXbXc"}}};
@@ -151,7 +150,6 @@ TEST(FilePattern, MatchesAsFileDialogsDo) {
     std::erase_if(matching, [&](const auto& name) { return !matchesPattern(name, row.pattern); });
     EXPECT_EQ(matching, row.matches) << row.pattern;
   }
-  EXPECT_FALSE(matchesPattern("aaaaaaaaaaaaaaaaaaaaaaaaab", "*a*a*a*a*a*a*a*c")) << "and soon";
 }
 
 }  // namespace

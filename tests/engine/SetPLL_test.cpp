@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <cstddef>
 #include <stdexcept>
+#include <string>
 #include <tuple>
 #include <vector>
 
@@ -44,9 +46,12 @@ TEST(SetPLL, WithoutAPrescalerTheOldWordsOfTheModelPickedMeanwhileAreSent) {
 }
 
 TEST(SetPLL, TheSkyGetsTheWordsOfTheLoadBefore) {
-  LoadBench bench("SKY72300-362");
+  LoadBench bench("SKY72300-362", 1234.567);
   EXPECT_EQ(bench.load(), Words(10));
-  const Words first = bench.numbered();
+  const Words first = "5B/16 11D3/16 20A9/16 3000/16 4000/16 5000/16 694A/16 7001/16 8200/16 9C03/16"_w;
+  EXPECT_EQ(bench.numbered(), first);
+  for (std::size_t i = 0; i < first.size(); ++i)
+    EXPECT_EQ(bench.view.words[static_cast<int>(i)], "R" + std::to_string(i) + ": " + first[i]);
   bench.pll.Fvco = 1800;
   EXPECT_EQ(bench.load(), first) << "highest bit first";
   const Words second = bench.numbered();

@@ -1,44 +1,41 @@
-#include "board/WireReceiver.h"
-
+// What comes in over the wires, and the board's answers and faults.
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <string>
 #include <utility>
 #include <vector>
 
 #include "board/BoardBench.h"
 #include "board/Cable.h"
+#include "board/WireReceiver.h"
 
 namespace tessarine::board {
 namespace {
 
-TEST(WireReceiver, BitsAreTakenAtTheRisingClockEdgeOnly) {
+TEST(WireReceiver, TakesBitsAndLatchesAtRisingEdgesOnly) {
   WireReceiver receiver;
-  const std::pair<Levels, bool> steps[] = {{{.clock = false, .data = true}, false},
-                                           {{.clock = true, .data = true}, true},
-                                           {{.clock = true, .data = false}, false},
-                                           {{.clock = false, .data = false}, false},
-                                           {{.clock = true, .data = false}, true}};
-  for (const auto& [levels, taken] : steps) EXPECT_EQ(receiver.drive(levels).bit, taken);
-  EXPECT_EQ(receiver.bits(), "10");
-  EXPECT_EQ(receiver.shiftRegister(), 0b10U);
-}
-
-TEST(WireReceiver, LoadEnableThatIsHighAlreadyGivesNoNewPulse) {
-  WireReceiver receiver;
-  const std::pair<Levels, bool> steps[] = {{{.loadEnable = true}, true},
-                                           {{.clock = true, .data = true, .loadEnable = true}, false},
-                                           {{.loadEnable = true}, false},
-                                           {{}, false},
-                                           {{.loadEnable = true}, true}};
-  for (const auto& [levels, pulsed] : steps) EXPECT_EQ(receiver.drive(levels).latch, pulsed);
-  EXPECT_EQ(receiver.takeBits(), "1");  // clocked in while load enable was high
-  EXPECT_EQ(receiver.takeBits(), "");
+  const struct {
+    Levels levels;
+    bool bit, latch;
+  } steps[] = {{{.data = true}, false, false},
+               {{.clock = true, .data = true}, true, false},
+               {{.clock = true}, false, false},
+               {{}, false, false},
+               {{.clock = true}, true, false},
+               {{.loadEnable = true}, false, true},
+               {{.clock = true, .data = true, .loadEnable = true}, true, false},
+               {{.loadEnable = true}, false, false},
+               {{}, false, false},
+               {{.loadEnable = true}, false, true}};
+  for (const auto& step : steps) {
+    const WireReceiver::Edges edges = receiver.drive(step.levels);
+    EXPECT_EQ(std::pair(edges.bit, edges.latch), std::pair(step.bit, step.latch));
+  }
+  EXPECT_EQ(receiver.takeBits(), "101") << "the last one while load enable was high";
   receiver.drive({.clock = true});
   EXPECT_EQ(receiver.takeBits(), "0");
-  EXPECT_EQ(receiver.shiftRegister(), 0b10U);  // a short word keeps the older bits above it
-  receiver.powerOn();
-  EXPECT_EQ(receiver.shiftRegister(), 0U);
+  EXPECT_EQ(receiver.shiftRegister(), 0b1010U) << "a short word keeps the older bits above it";
 }
 
 TEST(WireReceiver, KeepsTheLastBitsAloneWhereLoadEnableNeverRises) {
@@ -98,6 +95,42 @@ TEST(VirtualBoard, UsbWordsLatchByThemselvesAndAStrobeLatchesThemAgain) {
   EXPECT_EQ(bench.port.UsbReadPin("B1"), 1);
   EXPECT_EQ(bench.board().takeLatches(), (Words{"000000000000000011001000", ""}));
   EXPECT_EQ(bench.field("R", "R"), 50U);
+}
+
+// The texts of boards with a chip stand in scripts/*.expected.
+TEST(VirtualBoard, ABoardWithoutAChipSaysSo) {
+  EXPECT_EQ(BoardBench().port.describe(),
+            "chip\tnone\ndetector\tnone\noutput\tnone\nlock\t0\tno chip\npin\t0\nhistory\t0 changes\n"
+            "fault\tnone\n");
+}
+
+TEST(BoardFaults, EachShowsInLatchesAndLock) {
+  const struct {
+    const char *name, *reason;
+    Words latches;
+  } cases[] = {
+      {"none", "", kSet2325},
+      {"no-echo", "R register never loaded; N register never loaded", {}},
+      {"stuck-data", "R register never loaded", {2, std::string(19, '0')}},
+      {"no-le", "R register never loaded; N register never loaded", {}},
+      {"no-reference", "no reference", kSet2325},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    const auto fault = boardFaultNamed(c.name);
+    ASSERT_TRUE(fault);
+    BoardBench bench("LMX2325");
+    bench.board().collectLatches();
+    bench.port.setFault(*fault);
+    bench.load(kSet2325);
+    EXPECT_EQ(bench.tuning().reason(), c.reason);
+    EXPECT_EQ(bench.board().takeLatches(), c.latches);
+    EXPECT_EQ(bench.port.DlPortReadPortUchar(0x378), *fault == BoardFault::noEcho ? 0xFF : 4);
+    EXPECT_TRUE(bench.port.describe().ends_with("fault\t" + std::string(c.name) + "\n"));
+    bench.port.setFault(BoardFault::none);
+    EXPECT_EQ(bench.tuning().locked(), c.latches == kSet2325) << "a reference that comes back is enough";
+  }
+  EXPECT_FALSE(boardFaultNamed("no echo"));
 }
 
 }  // namespace
