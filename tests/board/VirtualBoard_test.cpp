@@ -74,6 +74,7 @@ TEST(VirtualBoard, FollowsTheCableOfTheWiringDialog) {
 TEST(VirtualBoard, EveryPortEchoesAndLinesThatAreNoWiresDoNothing) {
   BoardBench bench;
   bench.board().collectLatches();
+  const auto version = bench.board().version();
   bench.port.DlPortWritePortUchar(0x378, 0xE8);
   bench.port.OutputByte1(0x37A, 0x04);
   EXPECT_EQ(bench.port.DlPortReadPortUchar(0x378), 0xE8);
@@ -81,6 +82,9 @@ TEST(VirtualBoard, EveryPortEchoesAndLinesThatAreNoWiresDoNothing) {
   EXPECT_EQ(bench.port.InputByte1(0xFFFF), 0);
   bench.port.UsbWritePort("A", 2);
   EXPECT_TRUE(bench.board().takeLatches().empty());
+  EXPECT_EQ(bench.board().version(), version + 1) << "after the first write";
+  bench.write(2);
+  EXPECT_EQ(bench.board().version(), version + 2);
 }
 
 TEST(VirtualBoard, UsbWordsLatchByThemselvesAndAStrobeLatchesThemAgain) {

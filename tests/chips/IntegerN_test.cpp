@@ -16,7 +16,6 @@ TEST(IntegerN, WordsOfEachFamilyAsTheyGoOut) {
     void (*panel)(ChipBench&);
     Words words;  // F, R, N
   } cases[] = {
-      {"8/9", "ADF4113", 8, [](auto&) {}, "038092/24 C8/24 23211/24"_w},
       {"gain, initialization, first and last bit of the panel", "ADF4110", 8,
        [](auto& b) { b.pll.CPGain = b.pll.FuncInit = "1", b.pll.FAnalogDevice = "10000000000000000001"; },
        "200007/24 C8/24 223211/24"_w},

@@ -94,12 +94,7 @@ TEST_F(BrowseFormTest, ListsFollowDirectoryPatternAndName) {
   });
 }
 
-TEST_F(BrowseFormTest, DoubleClickAcceptsAndTypedTextsPassUnchecked) {
-  const std::string clicked = browse([&] {
-    set("BrowseForm.File1", "plain");
-    EXPECT_FALSE(program.door.doubleClick(form.File1));
-  });
-  EXPECT_EQ(clicked, in("setups/plain"));
+TEST_F(BrowseFormTest, TypedTextsPassUnchecked) {
   EXPECT_EQ(browse([&] { click("BrowseForm.Command1"); }), in("setups/")) << "no name: the directory";
   const std::string typed = browse([&] {
     set({{"BrowseForm.Dir1", "/"}, {"BrowseForm.Text2", "no such file"}});

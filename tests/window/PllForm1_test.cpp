@@ -136,20 +136,6 @@ TEST(MainWindow, BecomingActiveAgainResetsLampAndPolarity) {
   EXPECT_EQ(bench.program.module.PolarityNegative, kTrue) << "the window was active before the box changed";
 }
 
-TEST(MainWindow, ExitEndsInTheMiddleOfALoadAndOnlyClosingClosesUsb) {
-  for (const bool byExit : {true, false}) {
-    ProgramBench bench("ADF4113", 1);
-    bench.tune();
-    bench.host.screen.at(15, [&] {
-      if (byExit) return bench.click("Exit1");
-      (void)bench.program.door.close(bench.window);
-    });
-    bench.click("AllCommand");
-    EXPECT_EQ(bench.host.usb.calls.back() == "close", !byExit);
-    EXPECT_EQ(bench.value("Nregister"), std::string(24, '0')) << "the load was cut off";
-  }
-}
-
 TEST(ModelMenu, TurnsTheWindowIntoThePanelOfTheChip) {
   const std::string five = "CalculateCommand AllCommand FCommand NCommand RCommand";
   const std::string own = "Command14(0) Command14(1) Command14(2) SetupLabel Text38 Command13";
@@ -226,9 +212,8 @@ TEST(ModelMenu, SendsNothingButReappliesTheWiring) {
 
 TEST(Prescaler, ShowsItsBitsInTheFunctionLatch) {
   const struct {
-    const char* text;
-    const char* onChange;   // DB23 and DB22 after the text changed
-    const char* onOpening;  // after 64/65 was shown and the panel opened with the text
+    const char *text, *onChange;  // DB23 and DB22 after the text changed,
+    const char* onOpening;        // and after 64/65 was shown and the panel opened with the text
   } rows[] = {{"64/65", "11", "11"}, {"65", "11", "11"},      {"32/33", "10", "10"}, {"33", "10", "10"},
               {"17", "01", "01"},    {" 16/17 ", "01", "01"}, {"9", "00", "00"},     {"8/9", "00", "00"},
               {"4/5", "00", "11"},   {"8.5", "00", "11"},     {"", "00", "11"},      {"128/129", "00", "11"}};
