@@ -2,8 +2,10 @@
 // us for the others; a load at most twice the bare loop; a setup file of 4096 phases at most 2 ms; the
 // panels in at most 20 us; a reach, which is worked out while the operator types, at most 1 ms.
 #include <benchmark/benchmark.h>
+#include <unistd.h>
 
-#include <string>
+#include <ctime>
+#include <fstream>
 
 #include "NullBench.h"
 #include "board/ChipMap.h"
@@ -56,6 +58,36 @@ void Reach(benchmark::State& state, const char* chip, double vcoMHz, double refe
   for (auto _ : state) benchmark::DoNotOptimize(board::reachOf(*model, all));
 }
 
+long residentKb() {
+  std::ifstream file("/proc/self/statm");
+  long size = 0;
+  long resident = 0;
+  file >> size >> resident;
+  return resident * (::sysconf(_SC_PAGESIZE) / 1024);
+}
+
+double processorSeconds() { return static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
+
+// Items are steps: "items_per_second" is the pace of a sweep without a delay. "kBGrown" is what the process
+// has grown by, "outsidePort" the share of the time that is not port access.
+void sweep(benchmark::State& state) {
+  NullBench bench("ADF4113");
+  const auto steps = static_cast<double>(state.range(0));
+  bench.click("Sweep1");
+  bench.click("AutoOption1");
+  bench.set({{"StartText1", "1000"}, {"StepText1", "0.1"}});
+  bench.set("StopText1", std::to_string(1000 + (steps - 1) / 1e4));
+  const long before = residentKb();
+  const double start = processorSeconds();
+  for (auto _ : state) bench.click("StartSweepCommand");
+  const double end = processorSeconds();
+  state.counters["kBGrown"] = static_cast<double>(residentKb() - before);
+  state.SetItemsProcessed(state.iterations() * state.range(0));
+  NullPort port;
+  for (std::int64_t load = 0; load < state.items_processed(); ++load) bareLoad(port);
+  state.counters["outsidePort"] = 1 - (processorSeconds() - end) / (end - start);
+}
+
 BENCHMARK_CAPTURE(CalcRegisters, LMX2306, "LMX2306");
 BENCHMARK_CAPTURE(CalcRegisters, ADF4113, "ADF4113");
 BENCHMARK_CAPTURE(CalcRegisters, ADF4252, "ADF4252");
@@ -70,6 +102,11 @@ BENCHMARK_CAPTURE(Reach, ADF4193_that_nothing_meets, "ADF4193", 1747.2, 19.2, 10
     ->Unit(benchmark::kMicrosecond);
 BENCHMARK_CAPTURE(Reach, SKY72300_with_a_fraction, "SKY72300-362", 1234.567, 10, 1)
     ->Unit(benchmark::kMicrosecond);
+BENCHMARK(sweep)
+    ->Name("Sweep/ADF4113 on a null port")
+    ->Arg(1000)
+    ->Arg(1000000)
+    ->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace tessarine

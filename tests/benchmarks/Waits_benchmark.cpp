@@ -38,17 +38,15 @@ void inTheScriptRunner(benchmark::State& state) {
 
 void bareWaits(benchmark::State& state) {
   const timespec wait{0, 10'000'000};
-  for (auto _ : state) {
+  for (auto _ : state)
     for (int i = 0; i < 6; ++i) ::clock_nanosleep(CLOCK_MONOTONIC, 0, &wait, nullptr);
-  }
 }
 
-BENCHMARK(bareWaits)->Name("Waits/six bare ones of 10 ms")->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK(onTheDesktop)->Name("Waits/a load on the desktop")->Unit(benchmark::kMillisecond)->UseRealTime();
-BENCHMARK(inTheScriptRunner)
-    ->Name("Waits/a load in the script runner")
-    ->Unit(benchmark::kMillisecond)
-    ->UseRealTime();
+void inRealTime(benchmark::internal::Benchmark* all) { all->Unit(benchmark::kMillisecond)->UseRealTime(); }
+
+BENCHMARK(bareWaits)->Name("Waits/six bare ones of 10 ms")->Apply(inRealTime);
+BENCHMARK(onTheDesktop)->Name("Waits/a load on the desktop")->Apply(inRealTime);
+BENCHMARK(inTheScriptRunner)->Name("Waits/a load in the script runner")->Apply(inRealTime);
 
 }  // namespace
 }  // namespace tessarine

@@ -1,13 +1,9 @@
 // A reader of setup files over a text of any bytes, on an engine that has taken a good one before. Aborts,
 // which the fuzzer reports with the input, unless the text is either taken or refused as a whole. FORMAT is
 // frac or band.
-#include <cstddef>
-#include <cstdint>
 #include <cstdlib>
-#include <string_view>
 #include <tuple>
 
-#include "platform/Fault.h"
 #include "support/EngineBench.h"
 #include "support/PLLProbe.h"
 

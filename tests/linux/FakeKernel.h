@@ -6,18 +6,23 @@
 #include <linux/ppdev.h>
 #include <sys/ioctl.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
+#include <fstream>
+#include <iterator>
 #include <map>
 #include <optional>
+#include <regex>
 #include <set>
 #include <string>
 #include <utility>
 #include <vector>
 
 #include "platform/linux/Kernel.h"
+#include "support/FaultOf.h"
 
 namespace tessarine {
 
@@ -29,7 +34,21 @@ namespace tessarine {
 
 // Whether docs/hardware.md has the sentence, for the operator who looks it up, and each command of the line
 // to type.
-[[nodiscard]] bool isInTheManual(std::string sentence);
+[[nodiscard]] inline bool isInTheManual(std::string sentence) {
+  std::ifstream file(TESSARINE_SOURCE_DIR "/docs/hardware.md");
+  const std::string manual{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+  const auto holds = [&](const std::string& part) { return manual.find(part) != std::string::npos; };
+  bool found = holds("\n| " + sentence.substr(0, std::min(sentence.find(". "), sentence.find(" (ppdev0)"))));
+  const std::size_t line = sentence.find("ype");
+  if (line == std::string::npos) return found;
+  sentence.erase(0, sentence.find(": ", line) + 2);
+  sentence.erase(std::min(sentence.size(), sentence.find(" (and")));
+  const std::regex joints("; | && | \\| ");
+  for (std::sregex_token_iterator part(sentence.begin(), sentence.end(), joints, -1), end; part != end;
+       ++part)
+    found = found && holds(*part);
+  return found;
+}
 
 // A sentence that begins so.
 [[nodiscard]] inline auto advises(const std::string& beginning) {
@@ -45,7 +64,7 @@ class FakeKernel : public Kernel {
     files[kParports + name + "/base-addr"] = std::to_string(base) + "\t0\n";
     files[kParports + name + "/devices/active"] = "none\n";
     files[kParports + std::string("default/timeslice")] = "200\n";
-    parports_["/dev/" + name] = base;
+    bases_["/dev/" + name] = base;
     nodes["/dev/" + name] = 0;
   }
   [[nodiscard]] std::uint8_t at(std::uint16_t address) const {
@@ -62,7 +81,7 @@ class FakeKernel : public Kernel {
     const auto node = nodes.find(path);
     const int result = record("open " + path, node == nodes.end() ? -ENOENT : node->second);
     if (result < 0) return result;
-    open_[nextDescriptor_] = {.path = path, .base = parports_[path]};
+    open_[nextDescriptor_] = {.path = path, .base = bases_[path]};
     return nextDescriptor_++;
   }
   void close(int descriptor) override {
@@ -80,8 +99,8 @@ class FakeKernel : public Kernel {
     if (broken) return -EIO;
     if (request == PPCLAIM) return claim(file);
     if (request == PPEXCL) file.exclusive = true;
-    const bool isData = request == PPWDATA || request == PPRDATA;
-    const auto address = static_cast<std::uint16_t>(file.base + (isData ? 0 : 2));
+    const int place = request == PPWDATA || request == PPRDATA ? 0 : 2;
+    const auto address = static_cast<std::uint16_t>(file.base + place);
     auto* const byte = static_cast<std::uint8_t*>(argument);
     if (request == PPWDATA || request == PPWCONTROL) {
       call += " " + hexByte(*byte);
@@ -165,7 +184,7 @@ class FakeKernel : public Kernel {
 
   std::vector<std::string> calls_;
   std::map<int, Open> open_;
-  std::map<std::string, std::uint16_t> parports_;    // node to base
+  std::map<std::string, std::uint16_t> bases_;       // by node
   std::map<std::uint16_t, std::uint8_t> registers_;  // those that answer
   int nextDescriptor_ = 3;
 };

@@ -1,17 +1,8 @@
 // The parallel port on Linux, by its system calls.
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
-#include <cerrno>
-#include <cstddef>
-#include <cstdint>
-#include <string>
 #include <thread>
-#include <utility>
 
 #include "linux/FakeKernel.h"
 #include "platform/linux/LinuxPlatform.h"
-#include "support/FaultOf.h"
 
 namespace tessarine {
 namespace {
@@ -23,6 +14,8 @@ using ::testing::StartsWith;
 constexpr std::uint16_t kData = 0x378;
 constexpr std::uint16_t kControl = 0x37A;
 constexpr const char* kActive = "/proc/sys/dev/parport/parport0/devices/active";
+constexpr const char* kIoports =
+    "0000-0cf7 : PCI Bus 0000:00\n  0378-037a : parport0\n  03f8-03ff : serial\n";
 
 struct Parallel : ::testing::Test {
   void write(std::uint16_t address, std::uint8_t value) { host.driver.DlPortWritePortUchar(address, value); }
@@ -69,64 +62,55 @@ TEST_F(Parallel, APortThatOthersSignedUpForIsTakenOnlyWhileNobodyHasIt) {
   EXPECT_THAT(kernel.taken(), ElementsAre("open /dev/parport0", "flock", "PPEXCL", "PPCLAIM", "close"));
 }
 
-// What stands in the way of an access to a port that the kernel's driver knows, and how the sentence that
-// tells of it begins.
-struct Obstacle {
-  const char* sentence;
-  void (*set)(FakeKernel&);
-  bool throughLibrary = false;
-  std::uint16_t address = kData;
-};
-using K = FakeKernel;
-
-const Obstacle kObstacles[] = {
-    {"Parallel port 378 is missing: the kernel's modules for it", [](K& k) { k.files.clear(); }},
-    {"Parallel port 378 is missing: the kernel knows 278",
-     [](K& k) { k.files.clear(), k.addPort(0x278, "parport0"); }},
-    {"Parallel port 378 has no device node: ", [](K& k) { k.nodes.erase("/dev/parport0"); }},
-    // There is no way round a port that the kernel's driver has.
-    {"No permission for parallel port 378: ",
-     [](K& k) {
-       k.nodes = {{"/dev/parport0", -EACCES}, {"/dev/port", 0}};
-     }},
-    {"Parallel port 378 is busy: another program holds it. ", [](K& k) { k.flockResult = -EWOULDBLOCK; }},
-    {"Parallel port 378 is busy: another program holds it (ppdev0). ",
-     [](K& k) { k.files[kActive] = "ppdev0\n", k.othersRegistered = true; }},
-    {"Parallel port 378 is busy: another program holds it. ", [](K& k) { k.othersExclusive = true; }},
-    {"Raw access to parallel port 378 is forbidden by the kernel",
-     [](K& k) { k.files.clear(), k.nodes["/dev/port"] = -EPERM, k.root = true; }},
-    {"No permission for raw access to parallel port 378: ", [](K& k) { k.nodes["/dev/port"] = -EACCES; },
-     true},
-    {"Parallel port 378 is busy: the printer driver lp holds it",
-     [](K& k) { k.files[kActive] = "lp\n", k.nodes["/dev/port"] = 0; }, true},
-    {"Address 3F8 is forbidden: it is no parallel port but belongs to serial",
-     [](K& k) { k.nodes["/dev/port"] = 0; }, true, 0x3F8},
-    {"Address 379 is missing: ", [](K&) {}, false, 0x379},
-};
-
 TEST_F(Parallel, EachObstacleIsNamedWithTheLineToTypeAndTriedOnceASecond) {
-  for (const Obstacle& obstacle : kObstacles) {
+  using K = FakeKernel;
+  const struct {
+    const char* sentence;
+    void (*set)(K&);  // of a kernel whose driver knows the port
+    bool throughLibrary = false;
+    std::uint16_t address = kData;
+  } obstacles[] = {
+      {"Parallel port 378 is missing: the kernel's modules for it", [](K& k) { k.files.clear(); }},
+      {"Parallel port 378 is missing: the kernel knows 278",
+       [](K& k) { k.files.clear(), k.addPort(0x278, "parport0"); }},
+      {"Parallel port 378 has no device node: ", [](K& k) { k.nodes.erase("/dev/parport0"); }},
+      // There is no way round a port that the kernel's driver has.
+      {"No permission for parallel port 378: ",
+       [](K& k) { k.nodes["/dev/parport0"] = -EACCES, k.nodes["/dev/port"] = 0; }},
+      {"Parallel port 378 is busy: another program holds it. ", [](K& k) { k.flockResult = -EWOULDBLOCK; }},
+      {"Parallel port 378 is busy: another program holds it (ppdev0). ",
+       [](K& k) { k.files[kActive] = "ppdev0\n", k.othersRegistered = true; }},
+      {"Parallel port 378 is busy: another program holds it. ", [](K& k) { k.othersExclusive = true; }},
+      {"Raw access to parallel port 378 is forbidden by the kernel",
+       [](K& k) { k.files.clear(), k.nodes["/dev/port"] = -EPERM, k.root = true; }},
+      {"No permission for raw access to parallel port 378: ", [](K& k) { k.nodes["/dev/port"] = -EACCES; },
+       true},
+      {"Parallel port 378 is busy: the printer driver lp holds it",
+       [](K& k) { k.files[kActive] = "lp\n", k.nodes["/dev/port"] = 0; }, true},
+      {"Address 3F8 is forbidden: it is no parallel port but belongs to serial",
+       [](K& k) { k.nodes["/dev/port"] = 0; }, true, 0x3F8},
+      {"Address 379 is missing: ", [](K&) {}, false, 0x379},
+  };
+  for (const auto& obstacle : obstacles) {
     SCOPED_TRACE(obstacle.sentence);
     FakeKernel k;
     k.addPort(kData, "parport0");
-    k.files["/proc/ioports"] = "0000-0cf7 : PCI Bus 0000:00\n  0378-037a : parport0\n  03f8-03ff : serial\n";
+    k.files["/proc/ioports"] = kIoports;
     obstacle.set(k);
     LinuxPlatform p(k, ftdi, [] {});
-    const auto attempt = [&] {
-      if (obstacle.throughLibrary) return p.library.OutputByte1(obstacle.address, 0);
-      p.driver.DlPortWritePortUchar(obstacle.address, 0);
-    };
-    const std::string told = faultOf(attempt);
+    LinuxPort& way = obstacle.throughLibrary ? p.library : p.driver;
+    const auto attempt = [&] { return faultOf([&] { way.DlPortWritePortUchar(obstacle.address, 0); }); };
+    const std::string told = attempt();
     EXPECT_THAT(told, advises(obstacle.sentence));
     EXPECT_EQ(p.whyNotOpen(), told);
     EXPECT_FALSE(k.waitedForEver);
 
     const std::size_t opening = k.taken().size();
     k.now += 0.9;
-    for (int i = 0; i < 110; ++i) EXPECT_EQ(faultOf(attempt), told);
+    for (int i = 0; i < 110; ++i) EXPECT_EQ(attempt(), told);
     EXPECT_THAT(k.taken(), IsEmpty());
     k.now += 0.2;
-    EXPECT_EQ(faultOf(attempt), told);
+    EXPECT_EQ(attempt(), told);
     EXPECT_EQ(k.taken().size(), opening);
   }
 }
@@ -136,7 +120,7 @@ TEST_F(Parallel, RawAccessStandsInWhereNoDriverHasTheAddress) {
   kernel.addPort(0x278, "parport0");
   kernel.nodes["/dev/port"] = 0;
   kernel.outb(kControl, 0xEC);  // the upper two bits are no register
-  kernel.files["/proc/ioports"] = "0000-0cf7 : PCI Bus 0000:00\n  0378-037a : parport0\n";
+  kernel.files["/proc/ioports"] = kIoports;
   write(kControl, 0);
   write(kData, 4);
   EXPECT_EQ(read(), 4);

@@ -2,15 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include <cstddef>
-#include <cstdint>
 #include <initializer_list>
 #include <limits>
-#include <stdexcept>
-#include <string>
-#include <vector>
 
-#include "platform/Fault.h"
 #include "support/EngineBench.h"
 
 namespace tessarine {

@@ -1,12 +1,5 @@
 #include "transport/WayOut.h"
 
-#include <cstddef>
-#include <cstdint>
-#include <optional>
-#include <string>
-#include <utility>
-#include <vector>
-
 #include "support/ProgramBench.h"
 
 namespace tessarine {
@@ -18,15 +11,13 @@ constexpr auto kWrite = Access::Kind::write;
 constexpr auto kRead = Access::Kind::read;
 
 TEST(WayOut, HostsOfTheNTFamilyNeedTheDriver) {
-  const std::pair<std::optional<HostVersion>, Integer> rows[] = {{HostVersion{2, 4, 0}, kTrue},
-                                                                 {HostVersion{2, 6, 0}, kTrue},
-                                                                 {HostVersion{2, 3, 51}, kFalse},
-                                                                 {HostVersion{1, 4, 10}, kFalse},
-                                                                 {std::nullopt, kFalse}};
-  for (const auto& [version, expected] : rows) {
-    FakeHost host;
+  FakeHost host;
+  for (const auto& [version, expected] : {std::pair{HostVersion{2, 4, 0}, kTrue},
+                                          {HostVersion{2, 6, 0}, kTrue},
+                                          {HostVersion{2, 3, 51}, kFalse},
+                                          {HostVersion{1, 4, 10}, kFalse}}) {
     host.version = version;
-    EXPECT_EQ(IsNTHost(host), expected) << (version ? version->platform * 100 + version->major : -1);
+    EXPECT_EQ(IsNTHost(host), expected) << version.platform << '.' << version.major;
   }
 }
 
@@ -47,7 +38,7 @@ TEST(WayOut, DriverHostGetsItsSecondAndAllLinesLow) {
 
 TEST(WayOut, OtherHostsUseTheLibraryWithoutAnyDriver) {
   ProgramBench bench;
-  bench.host.host.version = HostVersion{1, 4, 10};
+  bench.host.host.version.reset();
   bench.click("ContinueCommand");
   EXPECT_TRUE(bench.host.host.programs.empty());
   EXPECT_EQ(bench.milliseconds(), 0);
@@ -58,8 +49,7 @@ TEST(WayOut, UsbTouchesNoPort) {
   ProgramBench bench;
   bench.program.module.UseDlPort = 7;
   bench.host.usb.fails = true;
-  bench.click("IOOption(1)");
-  bench.click("ContinueCommand");
+  bench.open(1);
   EXPECT_EQ(bench.host.usb.calls, Texts{"open 0"});
   EXPECT_TRUE(bench.messages().empty()) << "a failing interface shows at the first command";
   EXPECT_EQ(bench.program.module.PortType, "USB");
@@ -80,60 +70,57 @@ TEST(WayOut, NothingStopsTheStart) {
   EXPECT_TRUE(bench.visible("Frame2(0)"));
 }
 
+const Texts kFields = {"ParallelForm.LPTwText(0)", "ParallelForm.LPTwText(1)", "ParallelForm.LPTwText(2)",
+                       "ParallelForm.ParallelText"};
+
 TEST(WiringDialog, PinsBecomeMasksAndTheAddressIsReadAsHexadecimal) {
-  constexpr const char* kPins = "Pin number between 2-9 only !!";
-  constexpr const char* kAddress =
-      "Parallel port Address = 12345 (hexadecimal) does not fit 16 bits (0 to FFFF)";
+  const char* const pins = "Pin number between 2-9 only !!";
+  const char* const address = "Parallel port Address = 12345 (hexadecimal) does not fit 16 bits (0 to FFFF)";
   const struct {
     Texts entries;  // clock, data, load enable, address
     std::vector<Integer> masks;
     Integer port;
-    const char* message = nullptr;
+    Texts messages = {};
   } rows[] = {
       {{"9", "8", "7", "278"}, {128, 64, 32}, 632},
       {{"2", "2", "2", " 3BC "}, {1, 1, 1}, 956},
       {{"2.5", "3", "4", "3bcz"}, {1, 2, 4}, 956},
       {{" 5x", "3", "4", ""}, {8, 2, 4}, 0},
       {{"2", "3", "4", "FFFF"}, {1, 2, 4}, -1},
-      {{"1", "3", "4", "278"}, {1, 2, 4}, 888, kPins},
-      {{"2", "10", "4", "278"}, {1, 2, 4}, 888, kPins},
-      {{"2", "3", "", "278"}, {1, 2, 4}, 888, kPins},
-      {{"2", "3", "4", "12345"}, {1, 2, 4}, 888, kAddress},
+      {{"1", "3", "4", "278"}, {1, 2, 4}, 888, {pins}},
+      {{"2", "10", "4", "278"}, {1, 2, 4}, 888, {pins}},
+      {{"2", "3", "", "278"}, {1, 2, 4}, 888, {pins}},
+      {{"2", "3", "4", "12345"}, {1, 2, 4}, 888, {address}},
   };
-  const char* const fields[] = {"LPTwText(0)", "LPTwText(1)", "LPTwText(2)", "ParallelText"};
   for (const auto& row : rows) {
     SCOPED_TRACE(testing::PrintToString(row.entries));
     ProgramBench bench("ADF4113");
     bench.click("Parallel");
-    for (std::size_t i = 0; i < 4; ++i) bench.set("ParallelForm." + std::string(fields[i]), row.entries[i]);
+    for (std::size_t i = 0; i < kFields.size(); ++i) bench.set(kFields[i], row.entries[i]);
     bench.click("ParallelForm.OKButton");
     EXPECT_EQ((std::vector{bench.pll.CLOCKbit, bench.pll.DATAbit, bench.pll.LEbit}), row.masks);
     EXPECT_EQ(bench.program.module.PortAddress, row.port);
-    EXPECT_EQ(bench.window.parallelForm.Visible, row.message != nullptr);
-    if (row.message != nullptr) {
-      EXPECT_EQ(bench.host.screen.messages,
-                (std::vector<Message>{{row.message, Icon::critical, "Tessarine"}}));
-      EXPECT_TRUE(bench.host.port.accesses.empty());
-      continue;
-    }
+    EXPECT_EQ(bench.messages(), row.messages);
+    for (const Message& message : bench.host.screen.messages) EXPECT_EQ(message.icon, Icon::critical);
+    const bool refused = !row.messages.empty();
+    EXPECT_EQ(bench.window.parallelForm.Visible, refused);
     const auto port = static_cast<std::uint16_t>(row.port);
-    EXPECT_EQ(bench.host.port.accesses,
-              (Accesses{{kWrite, static_cast<std::uint16_t>(port + 2), 0, true}, {kWrite, port, 0, true}}));
+    const Accesses lowered{{kWrite, static_cast<std::uint16_t>(port + 2), 0, true}, {kWrite, port, 0, true}};
+    EXPECT_EQ(bench.host.port.accesses, refused ? Accesses{} : lowered);
   }
 }
 
 TEST(WiringDialog, CancelKeepsTheTextsForTheNextPick) {
   ProgramBench bench("ADF4113");
   bench.click("Parallel");
-  const Texts fields = {"ParallelForm.LPTwText(0)", "ParallelForm.LPTwText(1)", "ParallelForm.LPTwText(2)"};
-  for (const auto& field : fields) bench.set(field, "7");
+  for (const int i : {0, 1, 2}) bench.set(kFields[i], "7");
   bench.click("ParallelForm.CancelButton");
   EXPECT_EQ(bench.pll.CLOCKbit, 1);
   bench.pick("ADF4112");
   EXPECT_EQ(bench.pll.CLOCKbit, 32);
   bench.click("Parallel");
   bench.click("ParallelForm.Command1");
-  EXPECT_EQ(bench.value(fields[0]) + bench.value(fields[1]) + bench.value(fields[2]), "234");
+  EXPECT_EQ(bench.value(kFields[0]) + bench.value(kFields[1]) + bench.value(kFields[2]), "234");
   EXPECT_EQ(bench.pll.CLOCKbit, 32) << "\"Default Value\" confirms nothing";
 }
 
