@@ -98,10 +98,8 @@ BENCHMARK(loadADF4113)->Name("SetPLL/ADF4113 on a null port");
 BENCHMARK(copyPanels)->Name("FracRegister/no files");
 BENCHMARK(bareLoop)->Name("SetPLL/bare loop of the same port accesses");
 BENCHMARK(readPhases)->Name("UpdateSetup_Frac/4096 phases")->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Reach, ADF4193_that_nothing_meets, "ADF4193", 1747.2, 19.2, 100)
-    ->Unit(benchmark::kMicrosecond);
-BENCHMARK_CAPTURE(Reach, SKY72300_with_a_fraction, "SKY72300-362", 1234.567, 10, 1)
-    ->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(Reach, ADF4193_that_nothing_meets, "ADF4193", 1747.2, 19.2, 100);
+BENCHMARK_CAPTURE(Reach, SKY72300_with_a_fraction, "SKY72300-362", 1234.567, 10, 1);
 BENCHMARK(sweep)
     ->Name("Sweep/ADF4113 on a null port")
     ->Arg(1000)

@@ -12,6 +12,7 @@ complain() {
 
 cd "$prefix/share/doc/tessarine" || exit 1
 "$prefix/bin/tessarine-script" examples/adf4113-900mhz.script | grep -q 'output.*900' || complain 'the example does not tune'
+readelf -d "$prefix/bin/tessarine-script" | grep -iE 'NEEDED.*(qt|x11|gtk)' && complain 'the script runner needs a toolkit'
 for program in "$prefix"/bin/*; do
   name=$(basename "$program")
   [[ $("$program" --version) == "$name $2" ]] || complain "$name is not of version $2"

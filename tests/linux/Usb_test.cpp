@@ -58,22 +58,20 @@ struct FakeModule : FtdiLibrary {
   };
 };
 
-// Has the kernel list a module.
-void plugModule(FakeKernel& kernel, const std::string& place, const std::string& product,
-                const std::string& device) {
-  const std::string folder = "/sys/bus/usb/devices/" + place;
-  kernel.files[folder + "/idVendor"] = "0403\n";
-  kernel.files[folder + "/idProduct"] = product + "\n";
-  kernel.files[folder + "/busnum"] = place.substr(0, 1) + "\n";
-  kernel.files[folder + "/devnum"] = device + "\n";
-}
-
 constexpr const char* kNode = "/dev/bus/usb/001/004";
 constexpr const char* kDriver = "/sys/bus/usb/devices/1-2:1.1/driver";
+
 struct Usb : ::testing::Test {
   Usb() {
     kernel.files = {{"/sys/bus/usb/devices/1-1/idVendor", "1d6b\n"}};
-    plugModule(kernel, "1-2", "6010", "4");
+    plug("1-2", "6010", "4");
+  }
+  void plug(const std::string& place, const std::string& product, const std::string& device) {
+    const std::string folder = "/sys/bus/usb/devices/" + place;
+    kernel.files[folder + "/idVendor"] = "0403\n";
+    kernel.files[folder + "/idProduct"] = product + "\n";
+    kernel.files[folder + "/busnum"] = place.substr(0, 1) + "\n";
+    kernel.files[folder + "/devnum"] = device + "\n";
   }
   void shift(std::string_view word) { host.usb.UsbShiftWord("B3", "B2", "B1", "B0", 0, word); }
   std::string shiftFault() {
@@ -106,7 +104,7 @@ TEST_F(Usb, OpeningDrivesChannelBLowAndLeavesChannelAInput) {
 
 TEST_F(Usb, AWordIsOneTransferStepByStepOnEitherModule) {
   for (const char* const product : {"6010", "6011", "6014"}) {
-    plugModule(kernel, "1-2", product, "4");
+    plug("1-2", product, "4");
     host.usb.UsbOpen(0);
     (void)module.taken();
     module.levels.clear();
@@ -120,7 +118,7 @@ TEST_F(Usb, AWordIsOneTransferStepByStepOnEitherModule) {
 }
 
 TEST_F(Usb, TheOneChannelOfASinglePortModuleServesBothPorts) {
-  plugModule(kernel, "1-2", "6014", "4");
+  plug("1-2", "6014", "4");
   host.usb.UsbOpen(0);
   EXPECT_THAT(module.taken(), ElementsAre("A open 1 4", "A outputs 0F", "A rate 62500", "A write 1"));
   shift("");
@@ -139,11 +137,11 @@ TEST_F(Usb, OfSeveralModulesTheFirstInBusOrderIsUsedAndTheOperatorTold) {
   std::vector<std::string> notes;
   host.notice = [&](const std::string& sentence) { notes.push_back(sentence); };
   kernel.files.erase("/sys/bus/usb/devices/1-2/idVendor");
-  plugModule(kernel, "1-10", "6010", "3");
+  plug("1-10", "6010", "3");
   host.usb.UsbOpen(0);
   EXPECT_EQ(module.taken().front(), "B open 1 3");
   EXPECT_TRUE(notes.empty());
-  plugModule(kernel, "1-2.1", "6014", "7");
+  plug("1-2.1", "6014", "7");
   for (int i = 0; i < 2; ++i) host.usb.UsbOpen(0);
   EXPECT_EQ(module.calls.back(), "A write 1");
   EXPECT_THAT(
@@ -169,7 +167,7 @@ TEST_F(Usb, EachObstacleIsNamedWithTheLineToType) {
   };
   for (const auto& obstacle : obstacles) {
     SCOPED_TRACE(obstacle.sentence);
-    plugModule(kernel, "1-2", obstacle.missing ? "6001" : "6010", "4");
+    plug("1-2", obstacle.missing ? "6001" : "6010", "4");
     kernel.files[kDriver] = "../../../../bus/usb/drivers/" + obstacle.driver;
     kernel.nodes[kNode] = obstacle.node;
     module.openResult = obstacle.openResult;
@@ -177,7 +175,7 @@ TEST_F(Usb, EachObstacleIsNamedWithTheLineToType) {
     EXPECT_THAT(told, advises(obstacle.sentence));
     EXPECT_EQ(shiftFault(), told);
     EXPECT_EQ(kernel.opened(), 0U);
-    plugModule(kernel, "1-2", "6010", "4");
+    plug("1-2", "6010", "4");
     module.openResult = 0;
     EXPECT_EQ(shiftFault(), "no fault") << "set right: the next command opens it";
     host.usb.UsbClose();

@@ -7,9 +7,8 @@
 kernelModules=(parport/parport parport/parport_pc char/ppdev char/lp usb/common/usb-common usb/core/usbcore
   usb/usbip/usbip-core usb/usbip/vhci-hcd usb/serial/usbserial usb/serial/ftdi_sio)
 
-kernelPackage() {
-  apt-cache depends linux-image-amd64 2> /dev/null | awk '/Depends: linux-image-/ { print $2; exit }'
-}
+# dependsOn PACKAGE KINDS: the packages of linux-KIND that it depends on.
+dependsOn() { apt-cache depends "$1" 2> /dev/null | grep -oE "Depends: linux-($2)-.*" | cut -d' ' -f2; }
 
 fetchKernel() {
   local cache=$1 package parts part found work module patterns=()
@@ -17,14 +16,14 @@ fetchKernel() {
   rm -rf "$cache"
   work=$cache/unpack
   mkdir -p "$work" || return 1
-  package=$(kernelPackage)
+  package=$(dependsOn linux-image-amd64 image | head -n 1)
   if [ -z "$package" ] && [ "$(id -u)" = 0 ]; then
     apt-get update -q > /dev/null 2>&1
-    package=$(kernelPackage)
+    package=$(dependsOn linux-image-amd64 image | head -n 1)
   fi
   [ -n "$package" ] || { echo "no package linux-image-amd64 is listed (apt-get update?)"; return 1; }
   # Newer kernels come in several packages.
-  parts=$(apt-cache depends "$package" | awk '/Depends: linux-(binary|modules)-/ { print $2 }')
+  parts=$(dependsOn "$package" 'binary|modules')
   (cd "$work" && apt-get download -q "$package" $parts > apt.log 2>&1) || { tail -n 3 "$work/apt.log"; return 1; }
   # Where /lib is a link, packages have their modules below /usr.
   for module in "${kernelModules[@]}"; do patterns+=("./*lib/modules/*/kernel/drivers/$module.ko*"); done
@@ -44,13 +43,13 @@ fetchKernel() {
 # buildModule FOLDER SOURCE TARGET: TARGET.ko from SOURCE, against the headers of the kernel in FOLDER, whose packages are
 # kept beside it. Returns 1 when they cannot be had.
 buildModule() {
-  local headers=$1/headers name list package place
+  local headers=$1/headers name package place
   name=linux-headers-$(basename "$1"/modules/*)
   if [ ! -e "$headers/ready" ]; then
     rm -rf "$headers"
     mkdir -p "$headers"
-    list=$(apt-cache depends "$name" 2> /dev/null | awk '/Depends: linux-(headers|kbuild)-/ { print $2 }')
-    (cd "$headers" && apt-get download -q "$name" $list > apt.log 2>&1) || { tail -n 1 "$headers/apt.log"; return 1; }
+    (cd "$headers" && apt-get download -q "$name" $(dependsOn "$name" 'headers|kbuild') > apt.log 2>&1) ||
+      { tail -n 1 "$headers/apt.log"; return 1; }
     touch "$headers/ready"
   fi
   place=$(mktemp -d)  # whose path has no blanks, which make does not stand

@@ -12,7 +12,6 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
@@ -38,7 +37,6 @@ class Module {
     Header request;
     if (!whole(kernel, request)) return false;
     for (std::uint32_t& word : request) word = __builtin_bswap32(word);
-    const bool in = request[kDirection] != 0;
     Header reply{request[kCommand] + 2, request[kNumber]};
     Bytes data;
     if (request[kCommand] == kUnlink) {
@@ -47,7 +45,7 @@ class Module {
       if (!answer(request, data)) reply[kStatus] = static_cast<std::uint32_t>(-EPIPE);
       data.resize(std::min<std::size_t>(data.size(), request[kLength]));
       reply[kLength] = static_cast<std::uint32_t>(data.size());
-    } else if (in) {
+    } else if (request[kDirection] != 0) {
       return true;  // nothing to read: no answer
     } else {
       Bytes levels(request[kLength]);
@@ -84,34 +82,28 @@ class Module {
 
   // Inputs drift up.
   std::uint8_t pins(bool second) const {
-    const Channel& channel = channels_[second];
+    const auto& [outputs, levels] = channels_[second];
     const int lock = second ? 0 : single_ ? 0x80 : 0x08;
-    const int drifting = ~channel.outputs & ~lock;
-    return static_cast<std::uint8_t>((channel.levels & channel.outputs) | drifting |
-                                     (pulses_ / 6 % 2 == 1 ? lock : 0));
+    const int locked = pulses_ / 6 % 2 == 1 ? lock : 0;
+    return static_cast<std::uint8_t>((levels & outputs) | (~outputs & ~lock) | locked);
   }
 
   // A control request; false for one that is unknown.
   bool answer(const Header& request, Bytes& data) {
-    const std::uint32_t first = request[kSetup];
-    const auto kind = first >> 16U;  // request type and request
-    const auto low = static_cast<std::uint8_t>(first >> 8U);
+    const auto kind = request[kSetup] >> 16U;  // request type and request
+    const unsigned high = request[kSetup] & 0xFFU;
+    const unsigned low = request[kSetup] >> 8U & 0xFFU;
     const bool channelB = request[kSetup + 1] >> 24U == 2;
     const char name = channelB ? 'B' : 'A';
-    switch (kind) {
-      case 0x8006:
-        return descriptor(first & 0xFFU, data);
-      case 0xC00C:
-        data = {pins(channelB)};
-        std::printf("USB %c pins %02X\n", name, data[0]);
-        return true;
-      case 0x400B:
-        channels_[channelB].outputs = low;
-        std::printf("USB %c outputs %02X mode %d\n", name, low, static_cast<int>(first & 0xFFU));
-        return true;
-      default:
-        return kind >> 8U == 0x40 || kind >> 8U <= 0x02;  // settings without a trace here
+    if (kind == 0x8006) return descriptor(high, data);
+    if (kind == 0x400B) {
+      channels_[channelB].outputs = static_cast<std::uint8_t>(low);
+      std::printf("USB %c outputs %02X mode %u\n", name, low, high);
+    } else if (kind == 0xC00C) {
+      data = {pins(channelB)};
+      std::printf("USB %c pins %02X\n", name, data[0]);
     }
+    return !data.empty() || kind >> 8U == 0x40 || kind >> 8U <= 0x02;  // others are settings without a trace
   }
 
   bool descriptor(unsigned type, Bytes& data) const {

@@ -18,11 +18,6 @@ TEST(Shifting, TheLastCharacterGoesFirstAndDataIsStableAroundTheRisingClock) {
   EXPECT_EQ(bench.host.port.count(FakePort::Access::Kind::read), 10 + 3) << "each write, and each pulse";
 }
 
-void loadR8OfOneBit(PLL& pll) {
-  pll.R8 = "1";
-  PLLProbe::loadR8(pll);
-}
-
 TEST(Shifting, TheStrobeOfEachRoutineOnThePort) {
   const struct {
     const char* routine;
@@ -30,6 +25,7 @@ TEST(Shifting, TheStrobeOfEachRoutineOnThePort) {
     Integer DATAbit, LEbit;
     Bytes bytes;
     int milliseconds;
+    const char* R8 = "";
   } cases[] = {
       {"an empty function word", PLLProbe::loadFstr, 2, 8, {0, 0, 8}, 20},
       {"R0 raises one line more, without a wait", PLLProbe::loadR0, 2, 8, {0, 0, 24}, 0},
@@ -37,13 +33,14 @@ TEST(Shifting, TheStrobeOfEachRoutineOnThePort) {
       {"r1", PLLProbe::loadR1, 2, 8, {0, 0, 8}, 20},
       {"R4 without a fourth value", [](PLL& pll) { PLLProbe::loadR4(pll, 4); }, 2, 8, {0, 8}, 20},
       {"R8 pulses bit 2 whatever the wiring", PLLProbe::loadR8, 2, 8, {0, 0, 4}, 20},
-      {"and keeps the lines it does not own", loadR8OfOneBit, 8, 4, {0, 8, 9, 8, 8, 12}, 20},
-      {"but not the data of the default wiring", loadR8OfOneBit, 2, 4, {0, 2, 3, 2, 0, 4}, 20},
+      {"and keeps the lines it does not own", PLLProbe::loadR8, 8, 4, {0, 8, 9, 8, 8, 12}, 20, "1"},
+      {"but not the data of the default wiring", PLLProbe::loadR8, 2, 4, {0, 2, 3, 2, 0, 4}, 20, "1"},
   };
   for (const auto& c : cases) {
     EngineBench bench;
     bench.pll.DATAbit = c.DATAbit;
     bench.pll.LEbit = c.LEbit;
+    bench.pll.R8 = c.R8;
     c.load(bench.pll);
     EXPECT_EQ(bench.host.port.bytes(), c.bytes) << c.routine;
     EXPECT_EQ(bench.host.clock.elapsed, c.milliseconds * 1000) << c.routine;
