@@ -1,29 +1,26 @@
 // The program on a real screen, with fakes behind it: what the operator sees and does, and what goes out.
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <QAbstractItemView>
 #include <QAction>
-#include <QEvent>
+#include <QComboBox>
+#include <QMessageBox>
+#include <QScrollArea>
 #include <QTest>
-#include <QWidget>
+#include <QTimer>
 #include <functional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 #include "desktop/Desktop.h"
+#include "platform/linux/LinuxClock.h"
 #include "support/FakePlatform.h"
 #include "window/Program.h"
 
 namespace tessarine::desktop {
-
-// Real time, for waits on a real screen.
-class SteadyClock : public Clock {
- public:
-  double secondsSinceMidnight() override;
-  void beep() override {}
-};
-
-// Gives the window the keyboard, and waits for it; false if that does not come.
-[[nodiscard]] bool becomesActive(QWidget& window);
 
 // Waits until `holds`; false if it does not come to that.
 template <class Condition>
@@ -32,56 +29,136 @@ template <class Condition>
   return QTest::qWaitFor(holds, kPatienceMs);
 }
 
+// Gives the window the keyboard, and waits for it; false if that does not come.
+[[nodiscard]] inline bool becomesActive(QWidget& window) {
+  return comesTrue([&] {
+    if (QApplication::activeWindow() == &window) return true;
+    window.activateWindow();  // a window manager that is still busy with the last test may pass one over
+    QTest::qWait(50);
+    return false;
+  });
+}
+
+// The widget or menu entry of this name and kind. Throws without one.
+template <class Object = QWidget>
+[[nodiscard]] Object* objectIn(const QWidget& window, const std::string& name) {
+  for (QObject* const object : window.findChildren<QObject*>(QString::fromStdString(name)))
+    if (auto* const found = dynamic_cast<Object*>(object)) return found;
+  throw std::runtime_error("nothing of this kind is called " + name);
+}
+
+// Whether a click in its middle comes to it.
+[[nodiscard]] inline bool isOnTop(const QWidget& widget) {
+  const QWidget* const top = widget.window()->childAt(widget.mapTo(widget.window(), widget.rect().center()));
+  return widget.isVisible() && top && (top == &widget || widget.isAncestorOf(top));
+}
+
 struct Bench {
-  Bench();
+  Bench() {
+    // A program that ended before has told all event loops to end; a main loop takes that back.
+    QTimer::singleShot(0, [] { QCoreApplication::exit(); });
+    QCoreApplication::exec();
+    desktop.attach(program.forms, program.door);
+  }
   ~Bench() { desktop.detach(); }
   Bench(const Bench&) = delete;
   Bench& operator=(const Bench&) = delete;
 
   // Opens the program at its first screen.
-  void start();
+  void start() {
+    program.start();
+    EXPECT_TRUE(becomesActive(window()));
+  }
   // The same, and past the first screen, on a host that needs no port driver.
-  void startWorking(bool onUsb = false);
+  void startWorking(bool onUsb = false) {
+    host.version.reset();
+    start();
+    if (onUsb) click("IOOption(1)");
+    click("ContinueCommand");
+  }
   // The same with the ADF4113 tuned to 900 MHz.
-  void startTuned(bool onUsb = false);
+  void startTuned(bool onUsb = false) {
+    startWorking(onUsb);
+    menu("pllM(9)");
+    type("RefText", "10");
+    type("CompText", "200");
+    type("VCOText", "900");
+    pick("PrescalarText", 0);
+  }
 
-  [[nodiscard]] PllForm1& form() { return program.window; }
-  [[nodiscard]] FormWindow& window() { return window(program.window); }
-  [[nodiscard]] FormWindow& window(const forms::Form& of);
-  // The widget or menu entry of this control, one of another form behind "Form.". Throws without one.
+  [[nodiscard]] FormWindow& window() { return window(form); }
+  [[nodiscard]] FormWindow& window(const forms::Form& of) {
+    FormWindow* const shown = desktop.windowOf(of);
+    if (!shown) throw std::runtime_error(of.name() + " has never been shown");
+    return *shown;
+  }
+  // The widget or menu entry of this control, one of another form behind "Form.".
   template <class Object = QWidget>
-  [[nodiscard]] Object* find(const std::string& name);
-  [[nodiscard]] std::string text(const std::string& name);
-  [[nodiscard]] bool shows(const std::string& name);
+  [[nodiscard]] Object* find(const std::string& name) {
+    const forms::Control* const control = program.forms.find(name);
+    if (!control) throw std::runtime_error("no control " + name);
+    return objectIn<Object>(window(control->form()), control->name());
+  }
+  [[nodiscard]] std::string text(const std::string& name) {
+    return find(name)->property("text").toString().toStdString();
+  }
+  [[nodiscard]] bool shows(const std::string& name) {
+    const QWidget* const widget = window().widgetOf(*program.forms.find(name));
+    return widget && widget->isVisible();
+  }
 
   // The operator: a click in the middle, a whole text, an item of a list, a key, a menu entry.
-  void click(const std::string& name);
-  void type(const std::string& name, const char* text);
-  void pick(const std::string& name, int item);
-  void press(const std::string& name, const QKeySequence& keys);
-  void menu(const std::string& name);
+  void click(const std::string& name) {
+    auto* const widget = find(name);
+    for (QWidget* in = widget; in; in = in->parentWidget())
+      if (auto* const area = qobject_cast<QScrollArea*>(in)) area->ensureWidgetVisible(widget);
+    EXPECT_TRUE(isOnTop(*widget)) << name << " is hidden or covered";
+    QTest::mouseClick(widget, Qt::LeftButton);
+  }
+  void type(const std::string& name, const char* text) {
+    press(name, QKeySequence::SelectAll);
+    press(name, Qt::Key_Delete);
+    QTest::keyClicks(find(name), QString::fromUtf8(text));
+  }
+  void pick(const std::string& name, int item) {
+    auto* const box = find<QComboBox>(name);
+    box->showPopup();
+    QAbstractItemView* const view = box->view();
+    const QPoint middle = view->visualRect(view->model()->index(item, 0)).center();
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, middle);
+  }
+  void press(const std::string& name, const QKeySequence& keys) {
+    find(name)->setFocus();
+    QTest::keySequence(find(name), keys);
+    QCoreApplication::processEvents();
+  }
+  void menu(const std::string& name) {
+    find<QAction>(name)->trigger();
+    QCoreApplication::processEvents();
+  }
   // What the operator does once events run, that many milliseconds from now.
-  void later(int milliseconds, std::function<void()> action);
-  // Answers the next message box; `text` is what it said.
-  void answerMessage(std::string& text);
+  void later(int milliseconds, std::function<void()> action) {
+    QTimer::singleShot(milliseconds, &window(), std::move(action));
+  }
+  // Answers the next message box, once `look` has looked at it.
+  void answerMessage(std::function<void(QMessageBox&)> look) {
+    later(20, [this, look] {
+      auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      if (!box) return answerMessage(look);
+      look(*box);
+      QTest::keyClick(box, Qt::Key_Return);
+    });
+  }
 
-  SteadyClock clock;
+  LinuxClock clock{[] {}};
   FakePort port;
   FakeUsb usb;
   FakeHost host;
   Desktop desktop;
   Platform platform{port, port, usb, host, clock, desktop};
   Program program{platform};
+  PllForm1& form = program.window;
 };
-
-template <class Object>
-Object* Bench::find(const std::string& name) {
-  const forms::Control* const control = program.forms.find(name);
-  auto* const object =
-      control ? window(control->form()).findChild<Object*>(QString::fromStdString(control->name())) : nullptr;
-  if (!object) throw std::runtime_error("nothing of this kind is called " + name);
-  return object;
-}
 
 // Counts the events of one type while it lives, those of one object or all.
 class EventCounter : public QObject {
@@ -98,24 +175,6 @@ class EventCounter : public QObject {
  private:
   QEvent::Type type_;
   const QObject* of_;
-};
-
-// Brings the program into all its states: the first screen, each model with its panel closed and open in each
-// mode, with the longest texts that come there, and the dialogs. `visit` gets the window, its form and the
-// state's name.
-void visitStates(Bench& bench,
-                 const std::function<void(FormWindow&, const forms::Form&, const std::string&)>& visit);
-
-// Shows windows in another font while it lives.
-class WithFontSize {
- public:
-  explicit WithFontSize(double points);
-  ~WithFontSize() { QApplication::setFont(before_); }
-  WithFontSize(const WithFontSize&) = delete;
-  WithFontSize& operator=(const WithFontSize&) = delete;
-
- private:
-  QFont before_ = QApplication::font();
 };
 
 }  // namespace tessarine::desktop

@@ -21,9 +21,7 @@ namespace tessarine::desktop {
 namespace {
 
 using namespace forms;
-using ::testing::ElementsAre;
-using ::testing::IsEmpty;
-using ::testing::IsSupersetOf;
+using namespace ::testing;
 
 class SampleForm : public Form {
  public:
@@ -75,7 +73,7 @@ struct Binding : ::testing::Test {
   FormWindow& window() { return *desktop.windowOf(form); }
   template <class Widget = QWidget>
   Widget* find(const char* name) {
-    return window().findChild<Widget*>(QString::fromLatin1(name));
+    return objectIn<Widget>(window(), name);
   }
   void clickLeftEdge(const char* name) {
     QTest::mouseClick(find(name), Qt::LeftButton, {}, QPoint(5, find(name)->height() / 2));
@@ -193,7 +191,7 @@ TEST_F(Binding, KeysReachTheDefaultAndTheCancelButton) {
 }
 
 TEST_F(Binding, MarksMenuEntriesAsTheModelDoes) {
-  auto* const entry = window().findChild<QAction*>("Entry(2)");
+  auto* const entry = find<QAction>("Entry(2)");
   EXPECT_TRUE(entry->isChecked());
   entry->trigger();
   QCoreApplication::processEvents();
@@ -201,7 +199,7 @@ TEST_F(Binding, MarksMenuEntriesAsTheModelDoes) {
   EXPECT_TRUE(entry->isChecked()) << "the click itself marks nothing";
   form.Entry.Checked = false;
   EXPECT_FALSE(entry->isChecked());
-  EXPECT_TRUE(window().findChild<QAction*>("Bar(3)")->isSeparator());
+  EXPECT_TRUE(find<QAction>("Bar(3)")->isSeparator());
   form.Entry.Enabled = false;
   EXPECT_FALSE(entry->isEnabled());
 }
@@ -209,7 +207,7 @@ TEST_F(Binding, MarksMenuEntriesAsTheModelDoes) {
 TEST_F(Binding, CaptionsHaveAccessKeysOnButtonsAloneAndNameFieldsForAScreenReader) {
   EXPECT_EQ(find<QAbstractButton>("Tick")->text(), "Noise && Spur");
   EXPECT_EQ(find<QAbstractButton>("Tick")->shortcut(), QKeySequence());
-  EXPECT_EQ(window().findChild<QAction*>("Top(1)")->text(), "Top && more");
+  EXPECT_EQ(find<QAction>("Top(1)")->text(), "Top && more");
   EXPECT_EQ(find<QLabel>("Prompt")->text(), "Rate & step:");
   EXPECT_EQ(find<QAbstractButton>("Button")->shortcut(), QKeySequence(Qt::ALT | Qt::Key_G));
   EXPECT_EQ(find("Field")->accessibleName(), "Rate & step Field");

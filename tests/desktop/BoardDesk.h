@@ -2,24 +2,19 @@
 // events of the screen run as the program on a screen does.
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <QCoreApplication>
 #include <QFile>
 #include <QTemporaryDir>
-#include <QTest>
 #include <optional>
-#include <stdexcept>
 #include <string>
 
 #include "board/ChipMap.h"
 #include "board/Reach.h"
 #include "board/VirtualBoard.h"
+#include "desktop/Bench.h"
 #include "desktop/board/BoardWindow.h"
 #include "engine/PLL.h"
-#include "support/FakePlatform.h"
 #include "support/Hand.h"
-#include "window/Program.h"
 
 namespace tessarine::desktop {
 
@@ -69,18 +64,20 @@ struct BoardDesk : Hand {
     settle();
   }
   template <class Widget = QWidget>
-  [[nodiscard]] Widget* find(const char* name) {
-    for (QWidget* const widget : window.findChildren<QWidget*>(QString::fromLatin1(name))) {
-      if (auto* const found = dynamic_cast<Widget*>(widget)) return found;
-    }
-    throw std::runtime_error(std::string("no widget ") + name);
+  [[nodiscard]] Widget* find(const std::string& name) {
+    return objectIn<Widget>(window, name);
   }
   // What is read on a label or a button; empty where it is hidden.
-  [[nodiscard]] std::string text(const char* name) {
+  [[nodiscard]] std::string text(const std::string& name) {
     return find(name)->isVisible() ? find(name)->property("text").toString().toStdString() : std::string();
   }
-  void expectTexts(std::initializer_list<std::pair<const char*, const char*>> texts) {
-    for (const auto& [name, wanted] : texts) EXPECT_EQ(text(name), wanted) << name;
+  // Each as "name: text".
+  template <class... Texts>
+  void expectTexts(const Texts&... texts) {
+    for (const std::string line : {texts...}) {
+      const std::string name = line.substr(0, line.find(": "));
+      EXPECT_EQ(name + ": " + text(name), line);
+    }
   }
   void press(const char* button) { QTest::mouseClick(find(button), Qt::LeftButton); }
   // What is in the file that this button saves.

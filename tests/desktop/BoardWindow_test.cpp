@@ -22,14 +22,7 @@
 namespace tessarine::desktop {
 namespace {
 
-using ::testing::Contains;
-using ::testing::ElementsAre;
-using ::testing::EndsWith;
-using ::testing::HasSubstr;
-using ::testing::IsEmpty;
-using ::testing::IsSupersetOf;
-using ::testing::Key;
-using ::testing::StartsWith;
+using namespace ::testing;
 
 // -------------------------------------------------------------------------------------------------- The chip
 
@@ -49,36 +42,25 @@ TEST(ChipView, TellsWhatTheChipMakesOfALoad) {
   desk.pick("ADF4113");
   for (const char* const sign : kSigns) EXPECT_EQ(lockColors(desk.find(sign)), "bad") << sign;
   desk.expectTexts(
-      {{"lock", "Not locked"},
-       {"reason", "R register never loaded\nN register never loaded\nfunction register never loaded"},
-       {"boardReason", "R register never loaded; N register never loaded; function register never loaded"},
-       {"boardOutput", "– MHz"},
-       {"output", "none"},
-       {"offset", "–"},
-       {"lockPin", "low"}});
+      "lock: Not locked",
+      "reason: R register never loaded\nN register never loaded\nfunction register never loaded",
+      "boardReason: R register never loaded; N register never loaded; function register never loaded",
+      "boardOutput: – MHz", "output: none", "offset: –", "lockPin: low");
   EXPECT_THAT(paintedTexts(*desk.find("lockSign")), ElementsAre(std::pair("NOT LOCKED", "#ffffff")));
 
   desk.load();
   for (const char* const sign : kSigns) EXPECT_EQ(lockColors(desk.find(sign)), "good") << sign;
-  desk.expectTexts({{"boardChip", "ADF4113"},
-                    {"lock", "Locked"},
-                    {"reason", ""},
-                    {"boardReason", ""},
-                    {"boardOutput", "900.000000 MHz"},
-                    {"output", "900.000000 MHz"},
-                    {"asked", "900.000000 MHz"},
-                    {"offset", "0.0 Hz"},
-                    {"detector", "200 kHz"},
-                    {"reference", "10 MHz"},
-                    {"dividers", "50\n8\n562\n4\n4500"},
-                    {"lockPin", "high"}});
-  std::vector<std::string> loop;
-  for (const auto& [text, color] : paintedTexts(*desk.find("loopDiagram"))) loop.push_back(text);
-  EXPECT_THAT(loop, ElementsAre("Reference", "10 MHz", "R divider", "÷ 50", "Detector", "200 kHz",
-                                "Loop filter", "settled", "Oscillator", "900 MHz", "N divider", "÷ 4500"));
+  desk.expectTexts("boardChip: ADF4113", "lock: Locked",
+                   "reason: ", "boardReason: ", "boardOutput: 900.000000 MHz", "output: 900.000000 MHz",
+                   "asked: 900.000000 MHz", "offset: 0.0 Hz", "detector: 200 kHz", "reference: 10 MHz",
+                   "dividers: 50\n8\n562\n4\n4500", "lockPin: high");
+  EXPECT_THAT(paintedTexts(*desk.find("loopDiagram")),
+              ElementsAre(Key("Reference"), Key("10 MHz"), Key("R divider"), Key("÷ 50"), Key("Detector"),
+                          Key("200 kHz"), Key("Loop filter"), Key("settled"), Key("Oscillator"),
+                          Key("900 MHz"), Key("N divider"), Key("÷ 4500")));
 
   desk.load("900.11");  // no multiple of 200 kHz: the nearest one is 90 kHz above it
-  desk.expectTexts({{"output", "900.200000 MHz"}, {"offset", "+90 kHz"}});
+  desk.expectTexts("output: 900.200000 MHz", "offset: +90 kHz");
 }
 
 TEST(ChipView, EachFaultOfTheBoardIsChosenAndShows) {
@@ -94,7 +76,7 @@ TEST(ChipView, EachFaultOfTheBoardIsChosenAndShows) {
   }
   EXPECT_THAT(names, ElementsAre("none", "parallel port does not echo", "stuck data line", "LE not connected",
                                  "reference missing"));
-  desk.expectTexts({{"reason", "no reference"}, {"output", "none"}});
+  desk.expectTexts("reason: no reference", "output: none");
   desk.show(kFrequency);
   EXPECT_EQ(lockColors(desk.find("frequencyPlot")), "goodbad") << "the strip keeps what was";
   desk.port.setFault(board::BoardFault::noLe);  // by another than the window
@@ -107,39 +89,39 @@ TEST(ChipView, EachFaultOfTheBoardIsChosenAndShows) {
 TEST(ReachCard, FollowsTheFieldsAndCopiesWhatIsClicked) {
   BoardDesk desk;
   desk.typed(900.07, 200);
-  desk.expectTexts({{"reachState", "Not met"},
-                    {"reachAsked", "900.070000 MHz"},
-                    {"reachOutput", "900.000000 MHz"},
-                    {"reachOffset", "-70000.0 Hz\n-77.772 ppm"},
-                    {"reachWhy", "900.07 MHz is no multiple of the step of 200 kHz"},
-                    {"reachBelow", "900 MHz"},
-                    {"reachStep", "10 kHz"},
-                    {"reachCopied", ""}});
+  desk.expectTexts("reachState: Not met", "reachAsked: 900.070000 MHz", "reachOutput: 900.000000 MHz",
+                   "reachOffset: -70000.0 Hz\n-77.772 ppm",
+                   "reachWhy: 900.07 MHz is no multiple of the step of 200 kHz", "reachBelow: 900 MHz",
+                   "reachStep: 10 kHz", "reachCopied: ");
   EXPECT_EQ(lockColors(desk.find("reachState")), "bad");
   desk.press("reachAbove");
   EXPECT_EQ(QApplication::clipboard()->text(), "900.2");
   EXPECT_EQ(desk.text("reachCopied"), "900.2 is in the clipboard, to be pasted into its field.");
 
   desk.typed(900.07, 10);
-  desk.expectTexts({{"reachState", "Met"}, {"reachOffset", ""}, {"reachWhy", ""}, {"reachAbove", ""}});
+  desk.expectTexts("reachState: Met", "reachOffset: ", "reachWhy: ", "reachAbove: ");
   EXPECT_EQ(lockColors(desk.find("reachState")), "good");
 
   desk.typed(4200, 30);
-  desk.expectTexts({{"reachLimits", "the output is above 4000 MHz, the highest of the ADF4113"}});
+  desk.expectTexts("reachLimits: the output is above 4000 MHz, the highest of the ADF4113");
 
   desk.typed(900.07, 0);
-  desk.expectTexts({{"reachState", "A load would be refused"},
-                    {"reachRefusal", "Step Resolution = 0 kHz cannot divide 900.07 MHz and 10 MHz"},
-                    {"reachStep", ""},
-                    {"reachOutput", ""}});
+  desk.expectTexts("reachState: A load would be refused",
+                   "reachRefusal: Step Resolution = 0 kHz cannot divide 900.07 MHz and 10 MHz",
+                   "reachStep: ", "reachOutput: ");
 }
 
 // --------------------------------------------------------------------------------------------- The registers
 
-const QTreeWidgetItem& lineIn(const QTreeWidgetItem& parent, const char* name) {
-  for (int row = 0; row < parent.childCount(); ++row)
-    if (parent.child(row)->text(RegisterView::kName) == QLatin1String(name)) return *parent.child(row);
-  throw std::runtime_error(std::string("no line ") + name);
+// The line of "register" or "register/field".
+const QTreeWidgetItem& lineIn(const QTreeWidgetItem& parent, const std::string& path) {
+  const std::size_t end = path.find('/');
+  for (int row = 0; row < parent.childCount(); ++row) {
+    const QTreeWidgetItem& line = *parent.child(row);
+    if (line.text(RegisterView::kName).toStdString() != path.substr(0, end)) continue;
+    return end == std::string::npos ? line : lineIn(line, path.substr(end + 1));
+  }
+  throw std::runtime_error("no line " + path);
 }
 
 TEST(RegisterView, ShowsTheWordsOfTheControlWindowFieldByFieldAndMarksWhatChanged) {
@@ -147,30 +129,21 @@ TEST(RegisterView, ShowsTheWordsOfTheControlWindowFieldByFieldAndMarksWhatChange
   BoardDesk desk(kRegisters);
   desk.load("900");
   const QTreeWidgetItem& root = *desk.find<QTreeWidget>("registers")->invisibleRootItem();
-  const struct {
-    const char *name, *field;
-    V::Column column;
-    std::string text;
-  } cells[] = {{"N", "", V::kBinary, desk.form.Nregister.value()},
-               {"R", "", V::kBinary, desk.form.Rregister.value()},
-               {"function", "", V::kBinary, desk.form.Fregister.value()},
-               {"R", "", V::kHex, "0x0000C8"},
-               {"R", "", V::kBits, "23:0"},
-               {"R", "", V::kMeaning, ""},
-               {"R", "", V::kChanged, "●"},
-               {"R", "R", V::kValue, "50"},
-               {"R", "R", V::kBits, "15:2"},
-               {"R", "R", V::kHex, "0x0032"},
-               {"R", "R", V::kBinary, "00000000110010"},
-               {"R", "address", V::kBinary, "00"},
-               {"R", "address", V::kMeaning, "selectsR"},
-               {"N", "CP gain", V::kBits, "21"},
-               {"R", "anti-backlash width", V::kMeaning, "2.9ns"},
-               {"function", "prescaler", V::kMeaning, "8/9"}};
-  for (const auto& [name, field, column, text] : cells) {
-    const QTreeWidgetItem& head = lineIn(root, name);
-    const QTreeWidgetItem& line = *field ? lineIn(head, field) : head;
-    EXPECT_EQ(line.text(column).remove(QLatin1Char(' ')).toStdString(), text) << name << " " << field;
+  // From the column after the name on.
+  const std::pair<const char*, const char*> lines[] = {
+      {"function", "23:0||0x000092|000000000000000010010010||●"},
+      {"R", "23:0||0x0000C8|000000000000000011001000||●"},
+      {"N", "23:0||0x023211|000000100011001000010001||●"},
+      {"R/R", "15:2|50|0x0032|00000000110010||●"},
+      {"R/address", "1:0|0|0x0|00|selects R|"},
+      {"N/CP gain", "21|0|0x0|0||"},
+      {"R/anti-backlash width", "17:16|0|0x0|00|2.9 ns|"},
+      {"function/prescaler", "23:22|0|0x0|00|8/9|"}};
+  for (const auto& [path, wanted] : lines) {
+    QStringList texts;
+    for (int column = V::kName + 1; column < root.columnCount(); ++column)
+      texts << lineIn(root, path).text(column).remove(QLatin1Char(' '));
+    EXPECT_EQ(texts.join("|").toStdString(), wanted) << path;
   }
 
   desk.load("900.4");  // A alone changes, from 4 to 6
@@ -178,7 +151,7 @@ TEST(RegisterView, ShowsTheWordsOfTheControlWindowFieldByFieldAndMarksWhatChange
   for (QTreeWidgetItemIterator line(desk.find<QTreeWidget>("registers")); *line; ++line)
     if (!(*line)->text(V::kChanged).isEmpty()) marked.insert((*line)->text(V::kName).toStdString());
   EXPECT_THAT(marked, ElementsAre("A", "N"));
-  EXPECT_EQ(lineIn(lineIn(root, "N"), "A").background(V::kValue).color(), Tones(lightPalette()).tint);
+  EXPECT_EQ(lineIn(root, "N/A").background(V::kValue).color(), Tones(lightPalette()).tint);
 
   desk.pick("ADF4193");
   EXPECT_EQ(root.child(0)->text(V::kMeaning), "never loaded");
@@ -198,17 +171,12 @@ TEST(WirePlot, WritesBitsFieldsWordsAndSilences) {
   EXPECT_THAT(paintedTexts(plot), ElementsAre(std::pair("Nothing on the wires yet", "#5a6166")));
   plot.resize(8000, 500);
   plot.take(lastStretch(desk.port.board()));
-  EXPECT_THAT(paintedTexts(plot), IsSupersetOf(PaintedTexts{{"CLOCK", "#2b62b0"},
-                                                            {"DATA", "#1d7f48"},
-                                                            {"LE", "#8b3fa6"},
-                                                            {"0", "#1c252b"},
-                                                            {"1", "#1c252b"},
-                                                            {"R = 50", "#1c252b"},
-                                                            {"R  0x0000C8", "#1c252b"},
-                                                            {"B = 562", "#1c252b"},
-                                                            {"prescaler: 8/9", "#1c252b"},
-                                                            {"muxout: digital lock detect", "#1c252b"},
-                                                            {"10 ms", "#5a6166"}}));
+  EXPECT_THAT(paintedTexts(plot),
+              IsSupersetOf(PaintedTexts{
+                  {"CLOCK", "#2b62b0"}, {"DATA", "#1d7f48"}, {"LE", "#8b3fa6"}, {"10 ms", "#5a6166"}}));
+  for (const char* const text :
+       {"0", "1", "R = 50", "R  0x0000C8", "B = 562", "prescaler: 8/9", "muxout: digital lock detect"})
+    EXPECT_THAT(paintedTexts(plot), Contains(Pair(text, "#1c252b")));
   EXPECT_THAT(paintedTexts(plot), Contains(Key(EndsWith(" µs")))) << "the scale";
   desk.port.setFault(board::BoardFault::noLe);
   desk.load();
@@ -251,10 +219,9 @@ TEST(WireView, ShowsAndSavesTheLastLoadOfTheChipThatIsThere) {
   const std::int64_t end = stretch.end;
   desk.load("925.2");
   EXPECT_GT(stretch.changes.front().time, end);
-  std::vector<std::string> bits;
-  for (const auto& word : stretch.words) bits.push_back(word.bits);
-  EXPECT_THAT(bits, ElementsAre(desk.form.Fregister.value(), desk.form.Rregister.value(),
-                                desk.form.Nregister.value()));
+  ASSERT_EQ(stretch.words.size(), 3U);
+  EXPECT_EQ(stretch.words[0].bits, desk.form.Fregister.value());
+  EXPECT_EQ(stretch.words[2].bits, desk.form.Nregister.value());
   std::ostringstream all;
   saveVcd(desk.port.board().trace(), desk.port.board().lastWrite(), all);
   EXPECT_EQ(desk.saved("saveVcd", "board.vcd"), all.str());
@@ -455,15 +422,11 @@ TEST(BoardWindow, CutsNoTextAtItsLeastSize) {
   EXPECT_LT(desk.window.width(), desk.find("loopDiagram")->fontMetrics().averageCharWidth() * 90);
   for (const View view : {kChip, kRegisters, kWire, kFrequency}) {
     desk.show(view);
-    for (QLabel* const label : desk.window.findChildren<QLabel*>()) {
-      if (!label->isVisible()) continue;
-      const QSize least = label->wordWrap()
-                              ? QSize(label->minimumSizeHint().width(), label->heightForWidth(label->width()))
-                              : label->sizeHint();
-      EXPECT_EQ(label->size().expandedTo(least), label->size()) << label->text().toStdString();
+    for (QWidget* const part : desk.window.findChildren<QWidget*>()) {
+      const QString text = part->property("text").toString();
+      if (!part->isVisible() || (text.isEmpty() && part->objectName() != "lockSign")) continue;
+      EXPECT_FALSE(cutsText(*part)) << text.toStdString();
     }
-    for (const char* const name : {"lockSign", "reachBelow", "reachAbove"})
-      EXPECT_EQ(desk.find(name)->size().expandedTo(desk.find(name)->sizeHint()), desk.find(name)->size());
   }
 }
 
@@ -507,10 +470,10 @@ TEST(BoardWindow, NamesItsPagesLinesAndButtons) {
   desk.load();
   EXPECT_EQ(desk.window.windowTitle(), "Virtual board");
   QStringList texts;
-  for (const QLabel* const label : desk.window.findChildren<QLabel*>())
-    if (label->objectName().isEmpty() && !label->text().isEmpty()) texts << label->text();
-  for (const QAbstractButton* const button : desk.window.findChildren<QAbstractButton*>())
-    if (!button->text().isEmpty() && !button->objectName().startsWith("reach")) texts << button->text();
+  for (const QWidget* const part : desk.window.findChildren<QWidget*>()) {
+    const QString text = part->property("text").toString();
+    if (text.contains('&') || (part->objectName().isEmpty() && !text.isEmpty())) texts << text;
+  }
   for (int tab = 0; tab < 5; ++tab) texts << desk.find<QTabWidget>("boardViews")->tabText(tab);
   texts.sort();
   EXPECT_EQ(

@@ -38,7 +38,7 @@ struct Browse : ::testing::Test {
     });
     bench.click("Command1");
   }
-  FormWindow& dialog() { return bench.window(bench.form().browseForm); }
+  FormWindow& dialog() { return bench.window(bench.form.browseForm); }
   void clickRow(const char* name, const std::string& text, bool twice) {
     auto& view = *bench.find<QAbstractItemView>(name);
     const auto found = view.model()->match(view.model()->index(0, 0), Qt::DisplayRole,
@@ -60,7 +60,7 @@ TEST_F(Browse, PicksAFileWithTheMouseWhileTheMainWindowIsBlocked) {
   browse([&] {
     EXPECT_EQ(dialog().windowModality(), Qt::ApplicationModal);
     QTest::mouseClick(bench.find("Label31(0)"), Qt::LeftButton);
-    mainWindowBlocked = bench.form().Label31(0).value() == "0";
+    mainWindowBlocked = bench.form.Label31(0).value() == "0";
     clickRow("BrowseForm.Dir1", folder.filename(), true);
     EXPECT_EQ(bench.text("BrowseForm.Label4"), folder.string());
     clickRow("BrowseForm.File1", "low band.txt", false);
