@@ -6,10 +6,10 @@
 #include <QAbstractItemView>
 #include <QAction>
 #include <QComboBox>
-#include <QMessageBox>
 #include <QScrollArea>
 #include <QTest>
 #include <QTimer>
+#include <QWheelEvent>
 #include <functional>
 #include <stdexcept>
 #include <string>
@@ -53,6 +53,12 @@ template <class Object = QWidget>
   return widget.isVisible() && top && (top == &widget || widget.isAncestorOf(top));
 }
 
+// The wheel over a place of a widget; a notch is 120.
+inline void turnWheel(QWidget& widget, const QPoint& at, const QPoint& by) {
+  QWheelEvent wheel(at, widget.mapToGlobal(at), {}, by, {}, {}, Qt::NoScrollPhase, false);
+  QCoreApplication::sendEvent(&widget, &wheel);
+}
+
 struct Bench {
   Bench() {
     // A program that ended before has told all event loops to end; a main loop takes that back.
@@ -61,8 +67,6 @@ struct Bench {
     desktop.attach(program.forms, program.door);
   }
   ~Bench() { desktop.detach(); }
-  Bench(const Bench&) = delete;
-  Bench& operator=(const Bench&) = delete;
 
   // Opens the program at its first screen.
   void start() {
@@ -140,15 +144,6 @@ struct Bench {
   void later(int milliseconds, std::function<void()> action) {
     QTimer::singleShot(milliseconds, &window(), std::move(action));
   }
-  // Answers the next message box, once `look` has looked at it.
-  void answerMessage(std::function<void(QMessageBox&)> look) {
-    later(20, [this, look] {
-      auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-      if (!box) return answerMessage(look);
-      look(*box);
-      QTest::keyClick(box, Qt::Key_Return);
-    });
-  }
 
   LinuxClock clock{[] {}};
   FakePort port;
@@ -161,20 +156,17 @@ struct Bench {
 };
 
 // Counts the events of one type while it lives, those of one object or all.
-class EventCounter : public QObject {
- public:
-  explicit EventCounter(QEvent::Type type, const QObject* of = nullptr) : type_(type), of_(of) {
+struct EventCounter : QObject {
+  explicit EventCounter(QEvent::Type counted, const QObject* object = nullptr) : type(counted), of(object) {
     qApp->installEventFilter(this);
   }
   bool eventFilter(QObject* watched, QEvent* event) override {
-    if (event->type() == type_ && (!of_ || watched == of_)) ++count;
+    if (event->type() == type && (!of || watched == of)) ++count;
     return false;
   }
+  const QEvent::Type type;
+  const QObject* const of;
   int count = 0;
-
- private:
-  QEvent::Type type_;
-  const QObject* of_;
 };
 
 }  // namespace tessarine::desktop

@@ -2,7 +2,6 @@
 // events of the screen run as the program on a screen does.
 #pragma once
 
-#include <QCoreApplication>
 #include <QFile>
 #include <QTemporaryDir>
 #include <optional>
@@ -18,8 +17,7 @@
 
 namespace tessarine::desktop {
 
-class EventfulScreen : public FakeScreen {
- public:
+struct EventfulScreen : FakeScreen {
   using FakeScreen::FakeScreen;
   void processEvents() override {
     QCoreApplication::processEvents();

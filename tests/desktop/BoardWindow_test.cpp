@@ -9,7 +9,6 @@
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QTreeWidget>
-#include <QWheelEvent>
 #include <csignal>
 #include <set>
 #include <sstream>
@@ -23,8 +22,6 @@ namespace tessarine::desktop {
 namespace {
 
 using namespace ::testing;
-
-// -------------------------------------------------------------------------------------------------- The chip
 
 // Which of the two colours of a lock it shows: "good", "bad", both or none.
 std::string lockColors(QWidget* widget) {
@@ -68,11 +65,11 @@ TEST(ChipView, EachFaultOfTheBoardIsChosenAndShows) {
   desk.load();
   auto* const faults = desk.find<QComboBox>("boardFault");
   std::vector<std::string> names;
-  for (int item = 0; item < faults->count(); ++item) {
-    if (item > 0) QTest::keyClick(faults, Qt::Key_Down);
-    desk.settle();
+  for (const board::BoardFaultName& entry : board::boardFaults()) {
+    EXPECT_EQ(desk.port.fault(), entry.fault);
     names.push_back(faults->currentText().toStdString());
-    EXPECT_EQ(desk.port.fault(), board::boardFaults()[static_cast<std::size_t>(item)].fault);
+    QTest::keyClick(faults, Qt::Key_Down);
+    desk.settle();
   }
   EXPECT_THAT(names, ElementsAre("none", "parallel port does not echo", "stuck data line", "LE not connected",
                                  "reference missing"));
@@ -83,8 +80,6 @@ TEST(ChipView, EachFaultOfTheBoardIsChosenAndShows) {
   desk.settle();
   EXPECT_EQ(faults->currentIndex(), 3);
 }
-
-// ------------------------------------------------------------------------------------------------- The reach
 
 TEST(ReachCard, FollowsTheFieldsAndCopiesWhatIsClicked) {
   BoardDesk desk;
@@ -111,58 +106,46 @@ TEST(ReachCard, FollowsTheFieldsAndCopiesWhatIsClicked) {
                    "reachStep: ", "reachOutput: ");
 }
 
-// --------------------------------------------------------------------------------------------- The registers
-
-// The line of "register" or "register/field".
-const QTreeWidgetItem& lineIn(const QTreeWidgetItem& parent, const std::string& path) {
-  const std::size_t end = path.find('/');
-  for (int row = 0; row < parent.childCount(); ++row) {
-    const QTreeWidgetItem& line = *parent.child(row);
-    if (line.text(RegisterView::kName).toStdString() != path.substr(0, end)) continue;
-    return end == std::string::npos ? line : lineIn(line, path.substr(end + 1));
+// Each line with its columns, without blanks.
+std::vector<std::string> linesOf(QTreeWidget& tree) {
+  std::vector<std::string> lines;
+  for (QTreeWidgetItemIterator line(&tree); *line; ++line) {
+    QStringList texts;
+    for (int column = 0; column < RegisterView::kColumns; ++column) texts << (*line)->text(column);
+    lines.push_back(texts.join('|').remove(' ').toStdString());
   }
-  throw std::runtime_error("no line " + path);
+  return lines;
 }
 
 TEST(RegisterView, ShowsTheWordsOfTheControlWindowFieldByFieldAndMarksWhatChanged) {
   using V = RegisterView;
   BoardDesk desk(kRegisters);
   desk.load("900");
-  const QTreeWidgetItem& root = *desk.find<QTreeWidget>("registers")->invisibleRootItem();
-  // From the column after the name on.
-  const std::pair<const char*, const char*> lines[] = {
-      {"function", "23:0||0x000092|000000000000000010010010||●"},
-      {"R", "23:0||0x0000C8|000000000000000011001000||●"},
-      {"N", "23:0||0x023211|000000100011001000010001||●"},
-      {"R/R", "15:2|50|0x0032|00000000110010||●"},
-      {"R/address", "1:0|0|0x0|00|selects R|"},
-      {"N/CP gain", "21|0|0x0|0||"},
-      {"R/anti-backlash width", "17:16|0|0x0|00|2.9 ns|"},
-      {"function/prescaler", "23:22|0|0x0|00|8/9|"}};
-  for (const auto& [path, wanted] : lines) {
-    QStringList texts;
-    for (int column = V::kName + 1; column < root.columnCount(); ++column)
-      texts << lineIn(root, path).text(column).remove(QLatin1Char(' '));
-    EXPECT_EQ(texts.join("|").toStdString(), wanted) << path;
-  }
+  auto& tree = *desk.find<QTreeWidget>("registers");
+  EXPECT_THAT(
+      linesOf(tree),
+      IsSupersetOf({"function|●|23:0|||0x038092|000000111000000010010010",
+                    "R|●|23:0|||0x0000C8|000000000000000011001000",
+                    "N|●|23:0|||0x023211|000000100011001000010001", "R|●|15:2|50||0x0032|00000000110010",
+                    "address||1:0||selectsR||00", "CPgain|●|21|0|currentsetting1|0x0|0",
+                    "anti-backlashwidth|●|17:16|0|2.9ns|0x0|00", "prescaler|●|23:22|0|8/9|0x0|00"}));
 
   desk.load("900.4");  // A alone changes, from 4 to 6
   std::set<std::string> marked;
-  for (QTreeWidgetItemIterator line(desk.find<QTreeWidget>("registers")); *line; ++line)
+  for (QTreeWidgetItemIterator line(&tree); *line; ++line)
     if (!(*line)->text(V::kChanged).isEmpty()) marked.insert((*line)->text(V::kName).toStdString());
   EXPECT_THAT(marked, ElementsAre("A", "N"));
-  EXPECT_EQ(lineIn(root, "N/A").background(V::kValue).color(), Tones(lightPalette()).tint);
+  EXPECT_EQ(tree.findItems("A", Qt::MatchExactly | Qt::MatchRecursive).front()->background(V::kValue).color(),
+            Tones(lightPalette()).tint);
 
   desk.pick("ADF4193");
-  EXPECT_EQ(root.child(0)->text(V::kMeaning), "never loaded");
+  EXPECT_EQ(tree.topLevelItem(0)->text(V::kMeaning), "never loaded");
   QApplication::setPalette(darkPalette());
   desk.settle();
-  EXPECT_EQ(root.childCount(), 11);
-  EXPECT_EQ(root.child(0)->background(0).color(), Tones(darkPalette()).card);
+  EXPECT_EQ(tree.topLevelItemCount(), 11);
+  EXPECT_EQ(tree.topLevelItem(0)->background(0).color(), Tones(darkPalette()).card);
   QApplication::setPalette(lightPalette());
 }
-
-// ------------------------------------------------------------------------------------------------- The wires
 
 TEST(WirePlot, WritesBitsFieldsWordsAndSilences) {
   BoardDesk desk;
@@ -196,10 +179,11 @@ TEST(WireView, TheCursorTellsTimeAndLevelsFromChangeToChange) {
   for (const auto& change : stretch.changes) {
     QTest::keyClick(plot, Qt::Key_Right, Qt::ShiftModifier);
     ASSERT_EQ(plot->cursorTime(), change.time);
-    const auto digit = [](bool level) { return level ? "1" : "0"; };
-    EXPECT_THAT(desk.text("wireCursor"),
-                HasSubstr(std::string("CLOCK ") + digit(change.levels.clock) + "   DATA " +
-                          digit(change.levels.data) + "   LE " + digit(change.levels.loadEnable)));
+    const QString levels = QStringLiteral("CLOCK %1   DATA %2   LE %3")
+                               .arg(change.levels.clock)
+                               .arg(change.levels.data)
+                               .arg(change.levels.loadEnable);
+    EXPECT_THAT(desk.text("wireCursor"), HasSubstr(levels.toStdString()));
     if (change.levels.clock) told += desk.text("wireCursor") + "\n";
   }
   for (const auto& [field, bits] : {std::pair{"R: R = 50", 14},
@@ -239,17 +223,12 @@ TEST(PlotWidget, WheelDragAndKeysZoomAndPan) {
   const double all = plot->span().length();
   const QPoint point(qRound(plot->area().left() + plot->area().width() / 4), plot->height() / 2);
   const double held = plot->placeAt(point.x());
-  const auto turnWheel = [&](QPoint by) {
-    QWheelEvent wheel(point, plot->mapToGlobal(point), {}, by, Qt::NoButton, Qt::NoModifier,
-                      Qt::NoScrollPhase, false);
-    QCoreApplication::sendEvent(plot, &wheel);
-  };
-  turnWheel({0, 360});
-  EXPECT_NEAR(plot->span().length(), all * 0.8 * 0.8 * 0.8, 1e-6 * all);
+  turnWheel(*plot, point, {0, 360});
+  EXPECT_NEAR(plot->span().length(), all * 0.512, 1e-6 * all);
   EXPECT_NEAR(plot->placeAt(point.x()), held, 1e-6 * all);
-  turnWheel({-120, 0});
+  turnWheel(*plot, point, {-120, 0});
   EXPECT_NEAR(plot->placeAt(point.x()), held + 0.1 * plot->span().length(), 1e-6 * all);
-  turnWheel({120, 0});
+  turnWheel(*plot, point, {120, 0});
 
   // Not the pointer of the screen, which would have to be there first.
   const auto movePointer = [&](const QPoint& to) {
@@ -267,9 +246,6 @@ TEST(PlotWidget, WheelDragAndKeysZoomAndPan) {
 
   plot->setFocus();
   plot->setCursorPlace({});
-  const double length = plot->span().length();
-  QTest::keyClick(plot, Qt::Key_Plus);
-  EXPECT_NEAR(plot->span().length(), length * 0.8, 1e-6 * all);
   const double from = plot->span().from();
   QTest::keyClick(plot, Qt::Key_Left);
   EXPECT_LT(plot->span().from(), from);
@@ -277,7 +253,7 @@ TEST(PlotWidget, WheelDragAndKeysZoomAndPan) {
     QTest::keyClick(plot, key);
     EXPECT_NEAR(plot->span().length(), key == Qt::Key_Plus ? all * 0.8 : all, 1e-6 * all);
   }
-  turnWheel({0, 120});
+  turnWheel(*plot, point, {0, 120});
   plot->setCursorPlace(plot->span().to());
   QTest::keyClick(plot, Qt::Key_Right, Qt::ShiftModifier);
   EXPECT_GT(plot->span().to(), *plot->cursor()) << "the span comes along";
@@ -306,8 +282,6 @@ TEST(Saving, TellsHowItWentAndLeavesTheOldFileOnAFullDisk) {
   EXPECT_THAT(desk.text("boardStatus"), StartsWith("Could not save " + path + ": "));
 }
 
-// ------------------------------------------------------------------------------------- Frequencies over time
-
 TEST(FrequencyView, KeepsAHopAndASweepAndSavesThem) {
   BoardDesk desk(kFrequency);
   desk.load("900");
@@ -318,17 +292,13 @@ TEST(FrequencyView, KeepsAHopAndASweepAndSavesThem) {
   std::ostringstream all;
   saveCsv(desk.port.board().history(), all);
   EXPECT_EQ(desk.saved("saveCsv", "frequency.csv"), all.str());
-  std::vector<std::string> seen;
   auto* const plot = desk.find<FrequencyPlot>("frequencyPlot");
   plot->setFocus();
   plot->setCursorPlace(plot->span().from());
-  for (int step = 0; step < 4; ++step) {
-    const std::string text = desk.text("frequencyCursor");
-    seen.push_back(text.substr(text.find("   ") + 3));
+  for (const std::string megahertz : {"900.0", "925.2", "900.0", "925.2"}) {
+    EXPECT_THAT(desk.text("frequencyCursor"), EndsWith("   " + megahertz + "00000 MHz   locked"));
     QTest::keyClick(plot, Qt::Key_Right, Qt::ShiftModifier);
   }
-  EXPECT_THAT(seen, ElementsAre("900.000000 MHz   locked", "925.200000 MHz   locked",
-                                "900.000000 MHz   locked", "925.200000 MHz   locked"));
   QTest::keyClick(plot, Qt::Key_Left, Qt::ShiftModifier);
   EXPECT_THAT(desk.text("frequencyCursor"), HasSubstr("900.000000 MHz"));
 
@@ -346,8 +316,6 @@ TEST(FrequencyView, KeepsAHopAndASweepAndSavesThem) {
   desk.press("clearHistory");
   EXPECT_EQ(desk.port.board().history().size(), 1U);
 }
-
-// --------------------------------------------------------------------------------------------- Pace and room
 
 TEST(BoardWindow, ManySendsAreBoundedInPainting) {
   BoardDesk desk(kWire);
@@ -384,8 +352,6 @@ TEST(Idling, NoWindowRunsATimerOrPaintsAndAHiddenOneIsNotFilled) {
   desk.window.show();
   EXPECT_EQ(desk.text("output"), "925.200000 MHz");
 }
-
-// ---------------------------------------------------------------------------------------- Beside the program
 
 TEST(BoardWindow, F12ShowsAndHidesItWithoutTakingTheKeyboard) {
   BoardDesk desk;
@@ -464,7 +430,6 @@ TEST(BoardWindow, OnARealWayOutItListensFromItsFirstOpeningTellsTheClientsAndOff
   EXPECT_TRUE(comesTrue([&] { return shown->isVisible() && shown->text().toStdString() == clients; }));
 }
 
-// What stands on the pages themselves, whatever the board does.
 TEST(BoardWindow, NamesItsPagesLinesAndButtons) {
   BoardDesk desk;
   desk.load();

@@ -2,9 +2,7 @@
 // the keyboard reaches whatever a click reaches.
 #include <gtest/gtest.h>
 
-#include <QAbstractItemView>
 #include <QApplication>
-#include <QComboBox>
 #include <algorithm>
 #include <set>
 #include <string>
@@ -33,9 +31,9 @@ struct WithFontSize {
   const QFont before = QApplication::font();
 };
 
-// Draws it into the folder that TESSARINE_PICTURES names, for looking at.
+// Draws it into the folder that TESSARINE_DRAW_INTO names, for looking at.
 void draw(FormWindow& window, const std::string& state) {
-  const QString folder = qEnvironmentVariable("TESSARINE_PICTURES");
+  const QString folder = qEnvironmentVariable("TESSARINE_DRAW_INTO");
   for (const char* const look : {"dark", "light"}) {
     if (folder.isEmpty()) return;
     QApplication::setPalette(look[0] == 'd' ? darkPalette() : lightPalette());
@@ -87,8 +85,7 @@ void checkState(Bench& bench, const forms::Form& form, const std::string& state)
   }
   for (const auto& [control, widget] : shown) {
     const std::string& name = control->name();
-    const bool scrolls =
-        dynamic_cast<const QAbstractItemView*>(widget) != nullptr;  // a folder's files may be many
+    const bool scrolls = dynamic_cast<const QAbstractItemView*>(widget);  // a folder's files may be many
     EXPECT_TRUE(scrolls || !cutsText(*widget)) << name << " is cut: " << control->value();
     if (const auto* const box = dynamic_cast<const QComboBox*>(widget)) {
       for (int item = 0; item < box->count(); ++item)

@@ -3,6 +3,10 @@
 #include <gtest/gtest.h>
 
 #include <QClipboard>
+#include <QTemporaryDir>
+#include <filesystem>
+#include <fstream>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -13,6 +17,7 @@ namespace tessarine::desktop {
 namespace {
 
 using namespace ::testing;
+namespace fs = std::filesystem;
 
 TEST(FirstScreen, ShowsTheChoiceAloneThenTheHourglassThenTheWorkingScreen) {
   Bench bench;
@@ -23,16 +28,12 @@ TEST(FirstScreen, ShowsTheChoiceAloneThenTheHourglassThenTheWorkingScreen) {
   EXPECT_THAT(paintedTexts(*bench.find("Picture1")), Contains(std::pair("Tessarine", "#1c252b")));
   bool hourglass = false;
   bench.later(500, [&] { hourglass = QApplication::overrideCursor() != nullptr; });
-  bench.click("ContinueCommand");
+  QTest::keyClick(&bench.window(), Qt::Key_Return);  // can only mean the one button there
   EXPECT_TRUE(hourglass) << "while the driver starts";
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
   EXPECT_TRUE(bench.shows("AllCommand"));
   EXPECT_FALSE(bench.shows("ContinueCommand"));
   EXPECT_TRUE(comesTrue([&] { return bench.find("RefText")->hasFocus(); }));
-  Bench byKeys;
-  byKeys.start();
-  QTest::keyClick(&byKeys.window(), Qt::Key_Return);
-  EXPECT_TRUE(byKeys.shows("RefText")) << "Enter can only mean the one button there";
 }
 
 TEST(GeneralMode, NumbersAndBitsBecomeWordsOnTheScreenAndOnTheWire) {
@@ -83,21 +84,6 @@ TEST(Modes, AModeBeginsAtItsFirstFieldAndTabGoesDownTheOthers) {
   EXPECT_EQ(bench.window().focusWidget(), bench.find("VcoText2"));
 }
 
-TEST(Close, PausesOnTheFirstScreenWhileTheMenusWork) {
-  Bench bench;
-  bench.startTuned();
-  bench.click("ACommand");
-  bool firstScreen = false;
-  bench.later(300, [&] {
-    firstScreen = !bench.shows("GeneralFrame") && isOnTop(*bench.find("ContinueCommand"));
-    bench.menu("pllM(11)");
-  });
-  bench.menu("Close1");
-  EXPECT_TRUE(firstScreen);
-  EXPECT_TRUE(bench.shows("GeneralFrame"));
-  EXPECT_EQ(bench.program.module.CurrentModel, "ADF4153");
-}
-
 TEST(Close, ItsKeysCopyAndCutInAFieldAndEndElsewhere) {
   Bench bench;
   bench.startTuned();
@@ -114,25 +100,81 @@ TEST(Close, ItsKeysCopyAndCutInAFieldAndEndElsewhere) {
   EXPECT_TRUE(bench.desktop.hasEnded()) << "Exit";
 }
 
-TEST(Wiring, TheDialogStaysOpenBehindItsMessage) {
+TEST(Wiring, TheDialogOpensInTheMiddleAndEscapeClosesIt) {
   Bench bench;
-  bench.startTuned();
+  bench.startWorking();
   bench.menu("Parallel");
   FormWindow& dialog = bench.window(bench.form.parallelForm);
-  EXPECT_EQ(dialog.windowTitle(), "Form1");
   EXPECT_TRUE(comesTrue([&] {
     return (dialog.geometry().center() - bench.window().geometry().center()).manhattanLength() < 60;
-  })) << "in the middle";
-  bench.type("ParallelForm.LPTwText(0)", "10");
-  std::string said;
-  bench.answerMessage([&](const QMessageBox& box) { said = box.text().toStdString(); });
-  bench.click("ParallelForm.OKButton");
-  EXPECT_EQ(said, "Pin number between 2-9 only !!");
-  EXPECT_TRUE(dialog.isVisible());
-  bench.click("ParallelForm.Command1");
-  EXPECT_EQ(bench.text("ParallelForm.LPTwText(0)"), "2");
+  }));
   bench.press("ParallelForm.LPTwText(0)", Qt::Key_Escape);
   EXPECT_FALSE(dialog.isVisible());
+}
+
+struct Browse : ::testing::Test {
+  Browse() {
+    fs::create_directories(folder);
+    std::ofstream(folder / "low band.txt") << "\n";
+    fs::current_path(folder.parent_path());
+    bench.startTuned();
+    bench.click("ACommand");
+  }
+  ~Browse() override { fs::current_path(before); }
+
+  // Opens the browser on the function latch's file and acts in it.
+  void browse(const std::function<void()>& act) {
+    EXPECT_TRUE(becomesActive(bench.window()));
+    bench.later(100, [&] {
+      EXPECT_TRUE(becomesActive(dialog()));
+      act();
+    });
+    bench.click("Command1");
+  }
+  FormWindow& dialog() { return bench.window(bench.form.browseForm); }
+  void clickRow(const char* name, const std::string& text, bool twice) {
+    auto& view = *bench.find<QAbstractItemView>(name);
+    const auto found = view.model()->match(view.model()->index(0, 0), Qt::DisplayRole,
+                                           QString::fromStdString(text), 1, Qt::MatchExactly);
+    ASSERT_FALSE(found.isEmpty()) << text;
+    const QPoint middle = view.visualRect(found.front()).center();
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, middle);
+    if (twice) QTest::mouseDClick(view.viewport(), Qt::LeftButton, {}, middle);
+  }
+
+  const fs::path before = fs::current_path();
+  const QTemporaryDir root;
+  const fs::path folder = fs::path(root.path().toStdString()) / "bänds and more";
+  Bench bench;
+};
+
+TEST_F(Browse, PicksAFileWithTheMouseWhileTheMainWindowIsBlocked) {
+  bool mainWindowBlocked = false;
+  browse([&] {
+    EXPECT_EQ(dialog().windowModality(), Qt::ApplicationModal);
+    QTest::mouseClick(bench.find("Label31(0)"), Qt::LeftButton);
+    mainWindowBlocked = bench.form.Label31(0).value() == "0";
+    clickRow("BrowseForm.Dir1", folder.filename(), true);
+    EXPECT_EQ(bench.text("BrowseForm.Label4"), folder.string());
+    clickRow("BrowseForm.File1", "low band.txt", false);
+    EXPECT_EQ(bench.text("BrowseForm.Text2"), "low band.txt");
+    bench.click("BrowseForm.Command1");
+  });
+  EXPECT_TRUE(mainWindowBlocked);
+  EXPECT_EQ(bench.text("Text40"), (folder / "low band.txt").string());
+}
+
+TEST_F(Browse, PicksAFileWithTheKeyboardAlone) {
+  browse([&] {
+    bench.press("BrowseForm.Dir1", Qt::Key_B);  // jumps
+    bench.press("BrowseForm.Dir1", Qt::Key_Return);
+    EXPECT_TRUE(dialog().isVisible()) << "Enter goes into a directory";
+    bench.type("BrowseForm.Text2", "low");  // narrows the list
+    bench.press("BrowseForm.File1", Qt::Key_Down);
+    bench.press("BrowseForm.File1", Qt::Key_Return);
+    EXPECT_FALSE(dialog().isVisible()) << "Enter accepts";
+  });
+  EXPECT_EQ(bench.text("Text40"), (folder / "low band.txt").string());
 }
 
 }  // namespace

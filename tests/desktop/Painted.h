@@ -36,27 +36,19 @@ class TextNotes : public QPaintEngine {
   bool isElided = false;
 };
 
-inline TextNotes& noteTexts(QWidget& widget, TextNotes& notes) {
-  struct Canvas : QImage {
-    Canvas(QSize size, TextNotes& to) : QImage(size, QImage::Format_RGB32), engine(to) {}
-    [[nodiscard]] QPaintEngine* paintEngine() const override { return &engine; }
-    TextNotes& engine;
-  } canvas(widget.size(), notes);
-  widget.render(&canvas);
-  return notes;
-}
+struct TextCanvas : QImage {
+  explicit TextCanvas(QWidget& widget) : QImage(widget.size(), Format_RGB32) { widget.render(this); }
+  [[nodiscard]] QPaintEngine* paintEngine() const override { return &notes; }
+  mutable TextNotes notes;
+};
 
-inline PaintedTexts paintedTexts(QWidget& widget) {
-  TextNotes notes;
-  return noteTexts(widget, notes).texts;
-}
+inline PaintedTexts paintedTexts(QWidget& widget) { return TextCanvas(widget).notes.texts; }
 
 // Whether it shows only a part of a text.
 inline bool cutsText(QWidget& widget) {
-  TextNotes notes;
-  noteTexts(widget, notes);
-  return notes.isElided ||
-         !QRectF(widget.rect()).adjusted(-1, -1, 1, 1).contains(notes.room | QRectF(0, 0, 1, 1));
+  const TextCanvas canvas(widget);
+  const QRectF room = canvas.notes.room | QRectF(0, 0, 1, 1);
+  return canvas.notes.isElided || !QRectF(widget.rect()).adjusted(-1, -1, 1, 1).contains(room);
 }
 
 }  // namespace tessarine::desktop

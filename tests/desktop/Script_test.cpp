@@ -6,7 +6,6 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QProcess>
-#include <QPushButton>
 #include <QTemporaryDir>
 #include <QTextBlock>
 #include <fstream>
@@ -128,15 +127,14 @@ QByteArray wires(const QString& path) {
 TEST(ScriptInTheWindows, SendsTheSameAsItsRecording) {
   const QTemporaryDir folder;
   const auto in = [&](const char* name) { return folder.filePath(QString::fromLatin1(name)); };
-  std::ofstream(in("typed").toStdString())
+  std::ofstream(in("hop").toStdString())
       << "click ContinueCommand\npick ADF4113\nset RefText 10\nset CompText 200\nset PrescalarText 8/9\n"
          "click Hop1\nset VcoText1 900\nset VcoText2 905.2\nset HopText 30\nset DelayText 20\n"
          "at 150 click File1\nat 310 click StopHop\nat 400 click Gen1\nclick StartHop\nwait 30\nclick Gen1\n"
          "click ACommand\nclick Command1\nset BrowseForm.Text2 x\nclick BrowseForm.Command2\nclick Exit1\n";
-  EXPECT_EQ(
-      QProcess::execute(TESSARINE_VIRTUAL, {"--record", in("recorded"), "--trace", in("1.vcd"), in("typed")}),
-      0);
-  EXPECT_EQ(QProcess::execute(TESSARINE_VIRTUAL, {"--trace", in("2.vcd"), in("recorded")}), 0);
+  const QString program = TESSARINE_VIRTUAL;
+  EXPECT_EQ(QProcess::execute(program, {"--record", in("recorded"), "--trace", in("1.vcd"), in("hop")}), 0);
+  EXPECT_EQ(QProcess::execute(program, {"--trace", in("2.vcd"), in("recorded")}), 0);
   EXPECT_EQ(wires(in("1.vcd")), wires(in("2.vcd")));
   EXPECT_GT(wires(in("1.vcd")).count('\n'), 500);
 }

@@ -34,7 +34,7 @@ std::string listing(const Form& form) {
 }
 
 // A sum for each form as it was looked over on the screen. Who changes a caption, a place or a look there
-// looks at it again (tessarine-screenshots), reads the listing and takes the new sum.
+// looks at it again (TESSARINE_DRAW_INTO), reads the listing and takes the new sum.
 TEST(Forms, AreAsTheyWereLookedOver) {
   ProgramBench bench;
   std::vector<std::pair<std::string, std::uint32_t>> sums;
