@@ -55,7 +55,7 @@ TEST(HopMode, ClicksUnderwayEndItAfterThePassAndItsDelayOrRunInside) {
               {{{0, "StopHop"}}, {"900"}, 160},
               {{{200, "StopHop"}}, {"900", "1000"}, 320},
               {{{100, "Hop1"}}, {"900"}, 160},
-              {{{100, "Gen1"}}, {"900", "1000", "900", "1000"}, 640},
+              {{{100, "Sweep1"}, {130, "Gen1"}}, {"900", "1000", "900", "1000"}, 640},
               // A second one runs to its end inside the first delay of the first, whose rest follows.
               {{{100, "StartHop"}}, {"900", "900", "1000", "900", "1000", "1000", "900", "1000"}, 1220},
               {{{100, "StartHop"}, {200, "StopHop"}}, {"900", "900"}, 260}};

@@ -43,6 +43,7 @@ TEST(SweepMode, SendsTheStopInSpiteOfTheRoundingOfItsSteps) {
 TEST(SweepMode, StopEndsAfterTheStepAndItsDelay) {
   SweepBench bench("1000", "1010", "0");
   bench.clickAt(130, "Gen1");
+  bench.clickAt(180, "Hop1");
   bench.clickAt(230, "Sweep1");
   bench.clickAt(270, "StopSweepCommand");
   bench.click("StartSweepCommand");

@@ -65,25 +65,6 @@ TEST(MainWindow, ShowsTheFirstScreenAloneThenTheWorkingScreen) {
   EXPECT_TRUE(bench.window.ACommand.Enabled);
 }
 
-TEST(MainWindow, OneModeIsOnAtATimeAndTheHopEntryAloneEndsAHop) {
-  const struct {
-    const char *entry, *frame;
-    bool hopGoesOn;
-  } modes[] = {{"Sweep1", "Frame2(2)", true}, {"Gen1", "Frame2(0)", true}, {"Hop1", "Frame2(1)", false}};
-  ProgramBench bench;
-  bench.open();
-  bench.window.HopRunning = true;
-  bench.window.SweepRunning = kTrue;
-  for (const auto& mode : modes) {
-    bench.click(mode.entry);
-    EXPECT_EQ(bench.shown("Frame2(0) Frame2(1) Frame2(2)"), mode.frame);
-    for (const auto& other : modes)
-      EXPECT_EQ(static_cast<Menu&>(bench.control(other.entry)).Checked, other.entry == mode.entry);
-    EXPECT_EQ(bench.window.HopRunning, mode.hopGoesOn);
-    EXPECT_EQ(bench.window.SweepRunning, kTrue);
-  }
-}
-
 TEST(MainWindow, CloseClearsTheScreenAfterAPauseAndLeavesTheMarks) {
   const std::string all = "Picture1 GeneralFrame DataFrame Frame2(0) Frame2(1) Mregister Label16(3)";
   ProgramBench bench("ADF4153");
