@@ -93,6 +93,7 @@ shift
 for each; do
   check "the toolkit's options of $each" 0 "${each##*/} *" '' \
     env -u DISPLAY -u WAYLAND_DISPLAY "$each" -platform none --style=fusion --version
+  check "a file of $each" 2 '' '*: --version cannot be read' env -u DISPLAY -u WAYLAND_DISPLAY "$each" -- --version
 done
 
 [[ $failures == 0 ]]

@@ -91,7 +91,7 @@ def what_a_query_costs(port, program):
 
 
 def main():
-    program, address = start("0")
+    program, address = start("[127.0.0.1]:0")
     watchdog = threading.Timer(100, program.kill)
     watchdog.start()
     port = int(address.rsplit(":", 1)[1])
