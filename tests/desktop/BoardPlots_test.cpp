@@ -57,13 +57,13 @@ TEST(Texts, RoundStepsAndUnitsThatFitTheSize) {
     EXPECT_EQ(tickText(3 * step, step).toStdString(), tick);
     EXPECT_EQ(tickText(-step / 1e6, step).front(), QLatin1Char('0'));
   }
-  const QStringList texts = {frequencyText(0.2), frequencyText(10),      frequencyText(0.0000125),
-                             timeText(12),       timeText(-3250),        timeText(2'500'000),
-                             offsetText(-0.01),  offsetText(12.34),      offsetText(-90'000),
-                             offsetText(62e6),   groupedBinary(0xC8, 10)};
+  const QStringList texts = {frequencyText(0.001), frequencyText(10),      frequencyText(0.0000125),
+                             timeText(12),         timeText(-3250),        timeText(2'500'000),
+                             offsetText(-0.01),    offsetText(12.34),      offsetText(-90'000),
+                             offsetText(62e6),     groupedBinary(0xC8, 10)};
   EXPECT_EQ(
       texts.join(", ").toStdString(),
-      "200 kHz, 10 MHz, 12.5 Hz, 12 µs, -3.25 ms, 2.5 s, 0.0 Hz, +12.3 Hz, -90 kHz, +62 MHz, 00 1100 1000");
+      "1 kHz, 10 MHz, 12.5 Hz, 12 µs, -3.25 ms, 2.5 s, 0.0 Hz, +12.3 Hz, -90 kHz, +62 MHz, 00 1100 1000");
 }
 
 }  // namespace

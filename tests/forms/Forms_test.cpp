@@ -1,3 +1,4 @@
+#include <cstddef>
 #include <stdexcept>
 #include <string>
 
@@ -94,6 +95,14 @@ TEST_F(FormsTest, TheDoorRefusesWhatTheOperatorCannotReach) {
   EXPECT_EQ(door.set(sample.List, "z").value_or(""), "List has no item \"z\"");
   sample.Left.Enabled = false;
   EXPECT_EQ(door.click(sample.Bits(0)).value_or(""), "Bits(0) is disabled");
+}
+
+TEST_F(FormsTest, ActionsThatWaitForOneAnotherAreBoundedAndToldOfOnceEach) {
+  sample.Bits(0).Click = [&] { (void)door.click(sample.Bits(0)); };
+  for (std::size_t actions = 1; actions <= 2; ++actions) {
+    (void)door.click(sample.Bits(0));
+    EXPECT_EQ(host.screen.messages.size(), actions);
+  }
 }
 
 }  // namespace

@@ -44,6 +44,9 @@ TEST(Protocol, RepliesAndRefuses) {
        "-221 -221 -221 -221 -221 "},
       {"CONT:CLIC 'ACommand';:MOD 'ADF4153';MOD 'ADF4113';:SET:BAND 'x';BAND?;:CONT:VAL? 'ACommand'",
        "\"x\";\"Advanced\"", ""},
+      {"CONT:VAL? 'RefText';VAL? 'CompText';VAL? 'VCOText';VAL? 'StartText1';VAL? 'StepText1';VAL? "
+       "'DelayText'",
+       "\"10\";\"200\";\"900\";\"900\";\"200\";\"100\"", ""},
       {";;  ; *IDN? ;\t;", "Tessarine,tessarine-virtual,0,1.1.0", ""},
       {"\x01\xff\x80;*OPC?\r", "1", "-113 "},
       {large.c_str(), "", "-363 "},
@@ -137,7 +140,7 @@ TEST(Protocol, HasCommandsWaitForThoseOfOthersThatAreUnderWay) {
 TEST(Protocol, GivesTheMessagesOfActionsToWhoseTheyAre) {
   TunedBench bench;
   bench.say("PRES '0';LOAD");
-  EXPECT_EQ(bench.say("SYST:ERR?;ERR?"), "-200,\"Execution error;Pls. set Prescalar\";" + kNoError);
+  EXPECT_EQ(bench.say("*ESR?;SYST:ERR?;ERR?"), "16;-200,\"Execution error;Pls. set Prescalar\";" + kNoError);
   EXPECT_TRUE(bench.screen.messages.empty());
   // The operator's own within a client's hop shows.
   bench.screen.at(50, [&] { bench.program.door.click(*bench.program.forms.find("AllCommand")); });

@@ -32,6 +32,7 @@ TEST(PortAccess, EachTryIsAWriteAndAReadUntilThePortEchoes) {
     EXPECT_EQ(bench.host.port.count(Kind::read), c.writes);
     EXPECT_EQ(bench.host.clock.elapsed, c.waits * FakeClock::kSecond / 20);
     EXPECT_EQ(bench.host.clock.beeps, c.failures);
+    EXPECT_EQ(bench.module.WritesGivenUp, c.failures);
     EXPECT_EQ(bench.host.screen.messages,
               std::vector<Message>(static_cast<std::size_t>(c.failures),
                                    {"Error with Output Port Address 888", Icon::critical, "Ouput port Err"}));
