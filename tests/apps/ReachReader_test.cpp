@@ -5,18 +5,22 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <chrono>
 #include <cmath>
 #include <cstddef>
+#include <filesystem>
 #include <random>
 #include <string>
 #include <vector>
 
+#include "apps/BoardSocket.h"
 #include "board/ChipMap.h"
 #include "board/Reach.h"
 #include "board/VirtualBoard.h"
 #include "engine/Numbers.h"
 #include "support/FakePlatform.h"
 #include "support/Hand.h"
+#include "support/TempFile.h"
 #include "window/Program.h"
 
 namespace tessarine {
@@ -27,6 +31,7 @@ using Texts = std::vector<const char*>;
 struct ReachDesk : Hand {
   explicit ReachDesk(int wayOut) : Hand(program) {
     host.host.version.reset();
+    socket.connect(program, wires.board());
     program.start();
     open(wayOut);
     pick(1);
@@ -38,7 +43,7 @@ struct ReachDesk : Hand {
   void pick(int index) {
     model = program.window.pllM(index).Caption;
     click(program.window.pllM(index).name());
-    wires.board().plug(model);
+    wires.board().plug(model);  // in the place of one that was driven
   }
   // A chip without an entry of its own, in place of the one picked.
   void drive(const char* name) {
@@ -71,10 +76,9 @@ struct ReachDesk : Hand {
   }
 
   FakePlatform host;
-  board::VirtualBoard wires{
-      {.microseconds = [this] { return host.clock.elapsed; },
-       .referenceMHz = [this] { return leadingNumber(program.window.RefText.Text.get()); }},
-      [] { return board::Cable{}; }};
+  BoardSocket socket;
+  board::VirtualBoard wires{socket.surroundings([this] { return host.clock.elapsed; }),
+                            [this] { return socket.wiring(); }};
   Platform platform{wires, wires, wires, host.host, host.clock, host.screen};
   Program program{platform};
   ReachReader reader;
@@ -184,8 +188,10 @@ TEST_P(ReachReader, TellsWhatTheBoardMakesOfTheLoad) {
       if (draw.below(6) == 0 && desk.program.window.AllCommand.isVisible())
         desk.drive(draw.of({"LMX2315", "LMX2320", "LMX2325"}));
     }
+    const auto version = desk.socket.fieldsVersion();
     drawFields(desk, draw);
     drawPanels(desk, draw);
+    ASSERT_NE(desk.socket.fieldsVersion(), version) << "a window would not follow";
     const PllForm1& window = desk.program.window;
     SCOPED_TRACE(testing::Message() << i << ' ' << desk.model << " ref " << window.RefText.Text.get()
                                     << " step " << window.CompText.Text.get() << " P "
@@ -200,6 +206,19 @@ TEST_P(ReachReader, TellsWhatTheBoardMakesOfTheLoad) {
 }
 
 INSTANTIATE_TEST_SUITE_P(WaysOut, ReachReader, testing::Values(0, 1));
+
+TEST(ReachReader, ReadsASetupFileAgainWhenItWasWrittenAnew) {
+  ReachDesk desk(0);
+  const TempFile file("PFD= 26\nMOD= 100\n$P= 8\nFRAC\n");
+  desk.Hand::pick("ADF4193");
+  desk.set("VCOText", "1800");
+  desk.write("Text38", file.path());
+  EXPECT_EQ(desk.reader.read(desk.program).file.value().modulus, 100);
+  file.write("PFD= 26\nMOD= 200\n$P= 8\nFRAC\n");
+  std::filesystem::last_write_time(file.path(),
+                                   std::filesystem::file_time_type::clock::now() + std::chrono::hours(1));
+  EXPECT_EQ(desk.reader.read(desk.program).file.value().modulus, 200);
+}
 
 }  // namespace
 }  // namespace tessarine
