@@ -3,9 +3,6 @@
 
 #include <benchmark/benchmark.h>
 
-#include <cstdint>
-#include <string>
-
 #include "engine/PLL.h"
 #include "support/FakePlatform.h"
 #include "support/Hand.h"
@@ -22,20 +19,15 @@ struct NullPort : PortDriver, PortLibrary {
   std::uint8_t latch = 0;
 };
 
-// Time that costs nothing either: it passes with each wait.
-struct NullTime : Clock {
+// Waits that cost nothing: the time passes with each.
+struct NullTime : FakeScreen, Clock {
+  using FakeScreen::FakeScreen;
+  void sleepUntilEvent(double seconds) override { now += seconds; }
+  void processEvents() override {}
   double secondsSinceMidnight() override { return now; }
   void beep() override {}
 
   double now = 0;
-};
-
-struct NullScreen : FakeScreen {
-  explicit NullScreen(FakePlatform& host) : FakeScreen(host.clock) {}
-  void sleepUntilEvent(double seconds) override { time.now += seconds; }
-  void processEvents() override {}
-
-  NullTime time;
 };
 
 // The port accesses of an ADF4113 load without the program around them.
@@ -51,7 +43,7 @@ inline void bareLoad(PortDriver& port) {
 
 // The working screen with a chip picked, tuned to 1800 MHz with the panels as they start up.
 struct NullBench : Hand {
-  explicit NullBench(const std::string& model) : NullBench(model, nullScreen, nullScreen.time) {}
+  explicit NullBench(const std::string& model) : NullBench(model, time, time) {}
   NullBench(const std::string& model, Screen& screen, Clock& clock)
       : Hand(program), platform{port, port, host.usb, host.host, clock, screen} {
     program.start();
@@ -64,7 +56,7 @@ struct NullBench : Hand {
 
   NullPort port;
   FakePlatform host;
-  NullScreen nullScreen{host};
+  NullTime time{host.clock};
   Platform platform;
   Program program{platform};
   PLL& pll = program.module.ThePLL();

@@ -22,25 +22,20 @@ declare -A sees=(
   [apps]="apps desktop desktop/board remote script board platform/linux $windows $model $ground"
 )
 
-failures=0
-complain() {
-  echo "$1"
-  failures=1
-}
-
-while IFS=: read -r file line include; do
+complaints=$(while IFS=: read -r file line include; do
   file=${file#./}
   from=${file%/*}
   if [[ -z ${sees[$from]:-} ]]; then
-    complain "$file: the folder has no place in the layers"
+    echo "$file: the folder has no place in the layers"
   elif [[ $include == *'"'* ]]; then
     header=${include#*\"} header=${header%\"*}
-    [[ " ${sees[$from]} " == *" ${header%/*} "* ]] || complain "$file:$line: $from must not see $header"
+    [[ " ${sees[$from]} " == *" ${header%/*} "* ]] || echo "$file:$line: $from must not see $header"
   elif [[ $from != desktop* && $from != platform/linux && $from != apps ]]; then
     header=${include#*<}
-    [[ ${header%%>*} =~ ^[a-z_]+$ ]] || complain "$file:$line: <${header%%>*} is no header of the standard library"
+    [[ ${header%%>*} =~ ^[a-z_]+$ ]] || echo "$file:$line: <${header%%>*} is no header of the standard library"
   elif [[ $from != desktop* && $include == *'<Q'* && $file != apps/WindowMain.cpp ]]; then
-    complain "$file:$line: the toolkit has no place in $from"
+    echo "$file:$line: the toolkit has no place in $from"
   fi
-done < <(grep -rnE '^[[:space:]]*#[[:space:]]*include' --include='*.h' --include='*.cpp' .)
-exit $failures
+done < <(grep -rnE '^[[:space:]]*#[[:space:]]*include' --include='*.h' --include='*.cpp' .))
+echo "$complaints"
+[[ -z $complaints ]]

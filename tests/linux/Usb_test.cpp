@@ -38,8 +38,7 @@ struct FakeModule : FtdiLibrary {
     int setBaudRate(int rate) override { return record(" rate " + std::to_string(rate), 0); }
     int write(std::span<const std::uint8_t> levels) override {
       const int taken = std::min(static_cast<int>(levels.size()), module_.takes);
-      if (!module_.unplugged)
-        module_.levels.insert(module_.levels.end(), levels.begin(), levels.begin() + taken);
+      module_.levels.insert(module_.levels.end(), levels.begin(), levels.begin() + taken);
       return record(" write " + std::to_string(levels.size()), taken);
     }
     int readPins(std::uint8_t& pins) override {
@@ -57,9 +56,6 @@ struct FakeModule : FtdiLibrary {
     std::string name_;
   };
 };
-
-constexpr const char* kNode = "/dev/bus/usb/001/004";
-constexpr const char* kDriver = "/sys/bus/usb/devices/1-2:1.1/driver";
 
 struct Usb : ::testing::Test {
   Usb() {
@@ -168,8 +164,8 @@ TEST_F(Usb, EachObstacleIsNamedWithTheLineToType) {
   for (const auto& obstacle : obstacles) {
     SCOPED_TRACE(obstacle.sentence);
     plug("1-2", obstacle.missing ? "6001" : "6010", "4");
-    kernel.files[kDriver] = "../../../../bus/usb/drivers/" + obstacle.driver;
-    kernel.nodes[kNode] = obstacle.node;
+    kernel.files["/sys/bus/usb/devices/1-2:1.1/driver"] = "../../../../bus/usb/drivers/" + obstacle.driver;
+    kernel.nodes["/dev/bus/usb/001/004"] = obstacle.node;
     module.openResult = obstacle.openResult;
     const std::string told = faultOf([&] { host.usb.UsbOpen(0); });
     EXPECT_THAT(told, advises(obstacle.sentence));

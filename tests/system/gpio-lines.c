@@ -15,7 +15,6 @@ static int setSeveral(struct gpio_chip *chip, unsigned long *mask, unsigned long
 }
 
 static int get(struct gpio_chip *chip, unsigned line) { return levels >> line & 1; }
-
 static int direction(struct gpio_chip *chip, unsigned line) { return inputs >> line & 1; }
 
 static int makeInput(struct gpio_chip *chip, unsigned line) {
