@@ -10,7 +10,9 @@
 #include <vector>
 
 #include "desktop/Bench.h"
+#include "desktop/Fit.h"
 #include "desktop/Painted.h"
+#include "desktop/Scale.h"
 #include "desktop/Style.h"
 
 namespace tessarine::desktop {
@@ -157,6 +159,8 @@ TEST_P(Layout, FollowsAFontThatChangesUnderway) {
   QCoreApplication::processEvents();
   EXPECT_EQ(bench.window().size() == before, GetParam() == 9);
   checkState(bench, bench.form, "working screen");
+  bench.form.Label1.Caption = std::string(300, 'W');
+  EXPECT_DOUBLE_EQ(fittingScale(bench.form, QApplication::font()).x(), 1.5 * Scale(QApplication::font()).x());
 }
 
 INSTANTIATE_TEST_SUITE_P(FontSizes, Layout, ::testing::Values(9, 14));

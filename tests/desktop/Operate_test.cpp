@@ -52,6 +52,8 @@ TEST(GeneralMode, NumbersAndBitsBecomeWordsOnTheScreenAndOnTheWire) {
   EXPECT_THAT(paintedTexts(*bench.find("Nregister")),
               ElementsAre(Key("0000"), Key("0010"), Key("0011"), Key("0010"), Key("0001"), Key("0001")));
   EXPECT_EQ(bench.port.latches(), words);
+  bench.form.Nregister.Caption = "011110000";
+  EXPECT_THAT(paintedTexts(*bench.find("Nregister")), ElementsAre(Key("0"), Key("1111"), Key("0000")));
 }
 
 TEST(GeneralMode, LockDetectOnUsbTurnsTheLampGreen) {
