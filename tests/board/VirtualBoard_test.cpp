@@ -101,13 +101,6 @@ TEST(VirtualBoard, UsbWordsLatchByThemselvesAndAStrobeLatchesThemAgain) {
   EXPECT_EQ(bench.field("R", "R"), 50U);
 }
 
-// The texts of boards with a chip stand in scripts/*.expected.
-TEST(VirtualBoard, ABoardWithoutAChipSaysSo) {
-  EXPECT_EQ(BoardBench().port.describe(),
-            "chip\tnone\ndetector\tnone\noutput\tnone\nlock\t0\tno chip\npin\t0\nhistory\t0 changes\n"
-            "fault\tnone\n");
-}
-
 TEST(BoardFaults, EachShowsInLatchesAndLock) {
   const struct {
     const char *name, *reason;

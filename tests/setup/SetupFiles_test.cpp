@@ -178,9 +178,7 @@ TEST(FracSetupFile, ABodyLine) {
 }
 
 TEST(FracSetupFile, AFileThatCannotBeReadIsNamedWithTheReason) {
-  for (const auto& [path, why] : {std::pair{"/no/such file", "No such file or directory"},
-                                  {"/", "it is a folder"},
-                                  {"/dev/null", "it is no file"}}) {
+  for (const auto& [path, why] : {std::pair{"/", "it is a folder"}, {"/dev/null", "it is no file"}}) {
     EngineBench bench;
     bench.pll.SetupFileName = path;
     EXPECT_EQ(faultOf([&] { bench.pll.UpdateSetup_Frac(); }),
