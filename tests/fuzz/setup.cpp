@@ -41,10 +41,7 @@ struct band {
     PLL& pll = bench.pll;
     pll.SetupFile_ADF4113 = "bands.txt";
     bench.module.CurrentModel = "ADF4113";
-    pll.PreScalar = 8;
-    pll.Fvco = 900;
-    pll.Fosc = 10;
-    pll.Fcomp = 200;
+    pll.Fvco = 900, pll.Fosc = 10, pll.Fcomp = 200, pll.PreScalar = 8;
     pll.CPGain = pll.FuncInit = "0";
     pll.FAnalogDevice = "00100100000001110000";
     return PLLProbe::calcRegisters(pll) && pll.FStr.size() == 24 &&

@@ -73,9 +73,7 @@ class FakeKernel : public Kernel {
   }
   // The system calls since the last time, one text each: "open /dev/parport0", "PPWDATA 2F", "pwrite 378 2F".
   [[nodiscard]] std::vector<std::string> taken() { return std::exchange(calls_, {}); }
-
-  // How many nodes are open.
-  [[nodiscard]] std::size_t opened() const { return open_.size(); }
+  [[nodiscard]] std::size_t openNodes() const { return open_.size(); }
 
   int open(const std::string& path, int) override {
     const auto node = nodes.find(path);

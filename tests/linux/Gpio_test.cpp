@@ -181,7 +181,7 @@ TEST_F(Gpio, EachObstacleIsNamedWithTheLineToType) {
     obstacle.set(kernel);
     const std::string told = faultOf([&] { host.usb.UsbWritePort("B", 8); });
     EXPECT_THAT(told, advises(obstacle.sentence));
-    EXPECT_TRUE(kernel.requested.empty() && kernel.opened() == 0) << "nothing is kept";
+    EXPECT_TRUE(kernel.requested.empty() && kernel.openNodes() == 0) << "nothing is kept";
     kernel.now += 2;
     EXPECT_EQ(faultOf([&] { write(1); }), told);
     EXPECT_EQ(host.whyNotOpen(), told);

@@ -166,7 +166,7 @@ TEST_F(Parallel, ARepairedPortWorksWithoutARestart) {
   (void)kernel.taken();
   EXPECT_EQ(faultOfWrite(), sentence);
   EXPECT_THAT(kernel.taken(), IsEmpty());
-  EXPECT_EQ(kernel.opened(), 0U);
+  EXPECT_EQ(kernel.openNodes(), 0U);
 }
 
 TEST_F(Parallel, EveryPortThatWasUsedIsLeftAtRest) {

@@ -170,7 +170,7 @@ TEST_F(Usb, EachObstacleIsNamedWithTheLineToType) {
     const std::string told = faultOf([&] { host.usb.UsbOpen(0); });
     EXPECT_THAT(told, advises(obstacle.sentence));
     EXPECT_EQ(shiftFault(), told);
-    EXPECT_EQ(kernel.opened(), 0U);
+    EXPECT_EQ(kernel.openNodes(), 0U);
     plug("1-2", "6010", "4");
     module.openResult = 0;
     EXPECT_EQ(shiftFault(), "no fault") << "set right: the next command opens it";
