@@ -92,7 +92,7 @@ TEST_F(Usb, OpeningDrivesChannelBLowAndLeavesChannelAInput) {
   EXPECT_EQ(host.usb.UsbReadPin("B1"), 1);
   (void)module.taken();
   // Load enable drifts up first, alone.
-  host.usb.UsbClose();
+  host.leave();
   EXPECT_THAT(module.taken(),
               ElementsAre("A outputs 00", "A close", "B write 1", "B outputs FD", "B outputs 00", "B close"));
   EXPECT_EQ(module.levels.back(), 0);
