@@ -17,6 +17,7 @@
 #include "desktop/BoardDesk.h"
 #include "desktop/Painted.h"
 #include "desktop/Style.h"
+#include "desktop/board/Texts.h"
 
 namespace tessarine::desktop {
 namespace {
