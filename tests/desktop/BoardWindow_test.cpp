@@ -100,7 +100,6 @@ TEST(ReachCard, FollowsTheFieldsAndCopiesWhatIsClicked) {
 
   desk.typed(4200, 30);
   desk.expectTexts("reachLimits: the output is above 4000 MHz, the highest of the ADF4113");
-
   desk.typed(900.07, 0);
   desk.expectTexts("reachState: A load would be refused",
                    "reachRefusal: Step Resolution = 0 kHz cannot divide 900.07 MHz and 10 MHz",
