@@ -224,7 +224,7 @@ TEST(PlotWidget, WheelDragAndKeysZoomAndPan) {
   const double all = plot->span().length();
   const QPoint point(qRound(plot->area().left() + plot->area().width() / 4), plot->height() / 2);
   const double held = plot->placeAt(point.x());
-  turnWheel(*plot, point, {0, 360});
+  for (const int notches : {4, -1}) turnWheel(*plot, point, {0, 120 * notches});
   EXPECT_NEAR(plot->span().length(), all * 0.512, 1e-6 * all);
   EXPECT_NEAR(plot->placeAt(point.x()), held, 1e-6 * all);
   turnWheel(*plot, point, {-120, 0});
