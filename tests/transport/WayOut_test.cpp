@@ -113,7 +113,7 @@ TEST(WiringDialog, PinsBecomeMasksAndTheAddressIsReadAsHexadecimal) {
 TEST(WiringDialog, CancelKeepsTheTextsForTheNextPick) {
   ProgramBench bench("ADF4113");
   bench.click("Parallel");
-  for (const int i : {0, 1, 2}) bench.set(kFields[i], "7");
+  for (const std::size_t i : {0U, 1U, 2U}) bench.set(kFields[i], "7");
   bench.click("ParallelForm.CancelButton");
   EXPECT_EQ(bench.pll.CLOCKbit, 1);
   bench.pick("ADF4112");
