@@ -11,18 +11,14 @@ namespace tessarine {
 
 // A register word that takes its fields, first to last: `word(Rstr) = {"00", R, "00000000"};`. None of them
 // may be part of it, as its room is used again: a load makes several.
-class FilledWord {
- public:
-  explicit FilledWord(String& word) : word_(word) {}
-  void operator=(std::initializer_list<std::string_view> fields) {
-    word_.clear();
-    for (const std::string_view field : fields) word_ += field;
+struct FilledWord {
+  void operator=(std::initializer_list<std::string_view> fields) const {
+    text.clear();
+    for (const std::string_view field : fields) text += field;
   }
-
- private:
-  String& word_;
+  String& text;
 };
-[[nodiscard]] inline FilledWord word(String& word) { return FilledWord(word); }
+[[nodiscard]] inline FilledWord word(String& text) { return {text}; }
 
 // A Fault unless `value` is above 0 and finite: nothing can be divided by it otherwise.
 void requireAboveZero(std::string_view name, double value, std::string_view unit = {});

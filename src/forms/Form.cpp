@@ -12,6 +12,7 @@ Form::Form(FormList& forms, std::string name, std::string caption)
   form_ = this;
   Visible.start(false);
   Caption.start(std::move(caption));
+  caption_ = &Caption;
   forms_.add(*this);
 }
 

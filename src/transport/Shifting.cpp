@@ -27,6 +27,7 @@ void PLL::ShiftOut(const String& Word) {
     return;
   }
   // A copy: a port that is retried lets events run, and these may rebuild the member that Word refers to.
+  // The word of any chip finds room here, without a visit to the heap.
   std::array<std::byte, 64> room{};
   std::pmr::monotonic_buffer_resource memory(room.data(), room.size());
   const std::pmr::string bits(Word, &memory);

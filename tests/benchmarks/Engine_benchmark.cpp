@@ -1,5 +1,5 @@
 // How fast words are calculated and loaded. Wanted: a calculation at most 5 us for the integer-N chips and 10
-// us for the others; a load at most twice the bare loop; a setup file of 4096 phases at most 2 ms; the
+// us for the others; a load at most 1.5 times the bare loop; a setup file of 4096 phases at most 2 ms; the
 // panels in at most 20 us; a reach, which is worked out while the operator types, at most 1 ms.
 #include <benchmark/benchmark.h>
 #include <unistd.h>
