@@ -36,6 +36,9 @@ TEST(WireTrace, SavesAsAValueChangeDump) {
             "#20001\n1!\n#20002\n1#\n#20003\n0#\n#20004\n0!\n#20005\n1#\n#20500\n");
   writer.finish(bench.board().lastWrite());
   EXPECT_EQ(streamed.str(), bench.vcd());
+  std::ostringstream early;
+  saveVcd(bench.board().trace(), 0, early);
+  EXPECT_TRUE(early.str().ends_with("#20005\n1#\n#20006\n")) << "the last edge is seen";
 }
 
 TEST(WireTrace, FindsTheChangesOfAStretchOfTime) {

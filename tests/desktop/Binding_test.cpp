@@ -56,7 +56,7 @@ class SampleForm : public Form {
   One<Label> Name{*this, "Name", "Mode", at(100, 1700, 600, 200), caption};
   Array<Label> Bits{"Bits", *this, "01", 1, -1, at(100, 1900, 310, 310), 330, bit};
   One<FileListBox> Files{*this, "Files", "", at(100, 2400, 3000, 2000)};
-  One<Label> Late{*this, "Late", "late", at(3200, 2400, 1200, 300), hidden};
+  One<Label> Late{*this, "Late", "late", at(3200, 2400, 1200, 300), lamp, hidden};
   One<CommandButton> Button{*this, "Button", "&Go on", at(3200, 1900, 1200, 360), isDefault};
   One<CommandButton> Escape{*this, "Escape", "Leave", at(4500, 1900, 1200, 360), isCancel, tip("Goes")};
 };
@@ -215,6 +215,8 @@ TEST_F(Binding, CaptionsHaveAccessKeysOnButtonsAloneAndNameFieldsForAScreenReade
 TEST_F(Binding, PaintsTheStatesOfItsWidgetsInTheirColours) {
   form.Tick.Value = 1;
   form.Options(1).Value = true;
+  form.Late.Visible = true;
+  form.Late.BackColor = 0x204080;  // blue first
   find("Escape")->setFocus();
   // Up to 1 it is a share of the length, above it counts pixels.
   const auto colorAt = [this](const char* name, double x, double y) {
@@ -235,6 +237,7 @@ TEST_F(Binding, PaintsTheStatesOfItsWidgetsInTheirColours) {
                {"Bits(0)", 3, 0.5, "#d0e3e5", "#d0e3e5"},    {"Bits(0)", 0.5, 0, "#12717f", "#12717f"},
                {"Bits(1)", 3, 0.5, "#f8fafb", "#f8fafb"},    {"Bits(1)", 0.5, 0, "#acb1b5", "#cdd2d5"},
                {"Box", 0.5, 0.9, "#f1f4f6", "#f1f4f6"},      {"Box", 0.5, 0, "#d0d5d8", "#dee2e5"},
+               {"Late", 0.9, 0.5, "#804020", "#804020"},     {"Late", 0.5, 0, "#acb1b5", "#cdd2d5"},
                {"Files", 0.5, 0.9, "#ffffff", "#ffffff"},    {"Files", 0.5, 0, "#acb1b5", "#cdd2d5"}};
   for (const auto& [name, x, y, enabled, disabled] : spots) EXPECT_EQ(colorAt(name, x, y), enabled) << name;
   EXPECT_THAT(

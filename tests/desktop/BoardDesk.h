@@ -25,7 +25,7 @@ struct EventfulScreen : FakeScreen {
   }
 };
 
-enum View { kChip, kRegisters, kWire, kFrequency };
+enum View { kChip, kRegisters, kWire, kFrequency, kScript };
 
 struct BoardDesk : Hand {
   explicit BoardDesk(View view = kChip) : Hand(program) {

@@ -17,6 +17,7 @@
 #include "desktop/BoardDesk.h"
 #include "desktop/Painted.h"
 #include "desktop/Style.h"
+#include "desktop/board/Card.h"
 #include "desktop/board/Texts.h"
 
 namespace tessarine::desktop {
@@ -59,6 +60,10 @@ TEST(ChipView, TellsWhatTheChipMakesOfALoad) {
 
   desk.load("900.11");  // no multiple of 200 kHz: the nearest one is 90 kHz above it
   desk.expectTexts("output: 900.200000 MHz", "offset: +90 kHz");
+  desk.click("ACommand");
+  desk.click("Label31(17)");  // the mux brings out something else
+  desk.load();
+  desk.expectTexts("lock: Locked", "lockPin: low");
 }
 
 TEST(ChipView, EachFaultOfTheBoardIsChosenAndShows) {
@@ -169,6 +174,7 @@ TEST(WirePlot, WritesBitsFieldsWordsAndSilences) {
 
 TEST(WireView, TheCursorTellsTimeAndLevelsFromChangeToChange) {
   BoardDesk desk(kWire);
+  desk.host.clock.elapsed = 7'000'000;
   desk.load();
   auto* const plot = desk.find<WirePlot>("wirePlot");
   const WireStretch& stretch = plot->stretch();
@@ -185,14 +191,15 @@ TEST(WireView, TheCursorTellsTimeAndLevelsFromChangeToChange) {
                                .arg(change.levels.loadEnable)
                                .arg(timeText(static_cast<double>(change.time - stretch.changes[0].time)));
     EXPECT_THAT(desk.text("wireCursor"), StartsWith(levels.toStdString()));
-    if (change.levels.clock) told += desk.text("wireCursor") + "\n";
+    told += desk.text("wireCursor") + "\n";
   }
-  for (const auto& [field, bits] : {std::pair{"R: R = 50", 14},
-                                    {"N: B = 562", 13},
-                                    {"N: A = 4", 6},
-                                    {"function: prescaler = 0 (8/9)", 2},
-                                    {"function: muxout = 1 (digital lock detect)", 3}})
-    EXPECT_EQ(QString::fromStdString(told).count(QLatin1String("   ") + QLatin1String(field) + '\n'), bits);
+  // Two edges of the clock for each bit, and each change of the data.
+  for (const auto& [field, edges] : {std::pair{"R: R = 50", 28 + 4},
+                                     {"N: B = 562", 26 + 6},
+                                     {"N: A = 4", 12 + 2},
+                                     {"function: prescaler = 0 (8/9)", 4},
+                                     {"function: timer = 0 (3 cycles)", 8 + 1}})
+    EXPECT_EQ(QString::fromStdString(told).count(QLatin1String("   ") + QLatin1String(field) + '\n'), edges);
   QTest::keyClick(plot, Qt::Key_Left, Qt::ShiftModifier);
   EXPECT_EQ(plot->cursorTime(), stretch.changes[stretch.changes.size() - 2].time);
 }
@@ -239,7 +246,9 @@ TEST(PlotWidget, WheelDragAndKeysZoomAndPan) {
   const QPoint dragged = point - QPoint(40, 0);
   QTest::mousePress(plot, Qt::LeftButton, {}, point);
   movePointer(dragged);
+  EXPECT_EQ(plot->QWidget::cursor(), Qt::ClosedHandCursor);
   QTest::mouseRelease(plot, Qt::LeftButton, {}, dragged);
+  EXPECT_EQ(plot->QWidget::cursor(), Qt::ArrowCursor);
   EXPECT_NEAR(plot->placeAt(dragged.x()), held, 1e-6 * all);
   movePointer(point);
   EXPECT_DOUBLE_EQ(*plot->cursor(), plot->placeAt(point.x()));
@@ -303,9 +312,24 @@ TEST(FrequencyView, KeepsAHopAndASweepAndSavesThem) {
   QTest::keyClick(plot, Qt::Key_Left, Qt::ShiftModifier);
   EXPECT_THAT(desk.text("frequencyCursor"), HasSubstr("900.000000 MHz"));
 
+  desk.click("Gen1");
+  desk.click("ACommand");
+  for (const int pause : {0, 300'000'000, 300'000'000}) {
+    desk.click("Label31(18)");  // power-down, on for a moment and then for good
+    desk.click("AllCommand");
+    desk.host.clock.elapsed += pause;
+  }
+  desk.click("AllCommand");
   FrequencyPlot large(desk.port.board());
   large.resize(2000, 4000);
   large.refresh();
+  std::string strip, curve;
+  for (const auto& [color, box] : TextCanvas(large).notes.fills) {
+    std::string& row = box.height() == 6 ? strip : curve;
+    if (!row.ends_with(color)) row += " " + color;
+  }
+  EXPECT_EQ(strip, " #1d7f48 #b3332c #1d7f48 #b3332c");
+  EXPECT_THAT(curve, EndsWith(" #12717f #b3332c #12717f #b3332c"));
   EXPECT_THAT(paintedTexts(large), IsSupersetOf({Key("MHz"), Key("900"), Key("902"), Key("924")}));
   EXPECT_THAT(paintedTexts(large), Contains(Key(EndsWith(" s"))));
 
@@ -391,6 +415,14 @@ TEST(BoardWindow, CutsNoTextAtItsLeastSize) {
   EXPECT_LT(desk.window.width(), desk.find("loopDiagram")->fontMetrics().averageCharWidth() * 90);
   for (const View view : {kChip, kRegisters, kWire, kFrequency}) {
     desk.show(view);
+    for (const QWidget* const one : desk.window.findChildren<QWidget*>()) {
+      if (!dynamic_cast<const Card*>(one) || !one->isVisible()) continue;
+      for (const QObject* const child : one->parent()->children()) {
+        const auto* const other = dynamic_cast<const Card*>(child);
+        EXPECT_FALSE(other && other != one && other->isVisible() &&
+                     other->geometry().intersects(one->geometry()));
+      }
+    }
     for (QWidget* const part : desk.window.findChildren<QWidget*>()) {
       const QString text = part->property("text").toString();
       if (!part->isVisible() || (text.isEmpty() && part->objectName() != "lockSign")) continue;
@@ -412,6 +444,17 @@ TEST(BoardWindow, OpensBesideTheControlWindow) {
     return desk.window.isVisible() && !shown.intersects(control.frameGeometry()) &&
            desk.window.screen()->availableGeometry().contains(shown);
   }));
+
+  control.setPalette(Qt::red);  // and beneath one that leaves no room
+  control.setGeometry(control.screen()->availableGeometry());
+  desk.window.hide();
+  desk.window.openBeside(&control);
+  QTest::qWait(200);  // it would be in front by now
+  EXPECT_TRUE(comesTrue([&] {
+    const QPoint middle = desk.window.geometry().center();
+    const QImage spot = control.screen()->grabWindow(0, middle.x(), middle.y(), 1, 1).toImage();
+    return desk.window.isVisible() && spot.pixelColor(0, 0) == Qt::red;
+  }));
 }
 
 TEST(BoardWindow, OnARealWayOutItListensFromItsFirstOpeningTellsTheClientsAndOffersNoFaults) {
@@ -431,25 +474,6 @@ TEST(BoardWindow, OnARealWayOutItListensFromItsFirstOpeningTellsTheClientsAndOff
   EXPECT_EQ(shown->text().toStdString(), clients);
   clients = "1 client connected";
   EXPECT_TRUE(comesTrue([&] { return shown->isVisible() && shown->text().toStdString() == clients; }));
-}
-
-TEST(BoardWindow, NamesItsPagesLinesAndButtons) {
-  BoardDesk desk;
-  desk.load();
-  EXPECT_EQ(desk.window.windowTitle(), "Virtual board");
-  QStringList texts;
-  for (const QWidget* const part : desk.window.findChildren<QWidget*>()) {
-    const QString text = part->property("text").toString();
-    if (text.contains('&') || (part->objectName().isEmpty() && !text.isEmpty())) texts << text;
-  }
-  for (int tab = 0; tab < 5; ++tab) texts << desk.find<QTabWidget>("boardViews")->tabText(tab);
-  texts.sort();
-  EXPECT_EQ(
-      texts.join("|").toStdString(),
-      "&Chip|&Fault|&Registers|&Save as CSV...|&Save as VCD...|&Wire|A load gives|C&lear|Cop&y|Detector|"
-      "Difference|Dividers|F&old pauses|Fre&quency|Frequencies|Last asked for|Lock|Lock-detect pin|"
-      "Next above|Next below|Off by|Output|R\nP\nB\nA\nN|R&un a script...|Reach|Reference|S&how|"
-      "S&napshot|S&top|Sa&ve...|Save as &PNG...|Scri&pt|Step that meets it|Typed in");
 }
 
 }  // namespace

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -54,7 +55,9 @@ TEST(GeneralMode, NumbersAndBitsBecomeWordsOnTheScreenAndOnTheWire) {
               ElementsAre(Key("0000"), Key("0010"), Key("0011"), Key("0010"), Key("0001"), Key("0001")));
   EXPECT_EQ(bench.port.latches(), words);
   bench.form.Nregister.Caption = "011110000";
+  bench.form.Rregister.Caption = "11110000";
   EXPECT_THAT(paintedTexts(*bench.find("Nregister")), ElementsAre(Key("0"), Key("1111"), Key("0000")));
+  EXPECT_THAT(paintedTexts(*bench.find("Rregister")), ElementsAre(Key("1111"), Key("0000")));
 }
 
 TEST(GeneralMode, LockDetectOnUsbTurnsTheLampGreen) {
@@ -73,6 +76,7 @@ TEST(Modes, AModeBeginsAtItsFirstFieldAndTabGoesDownTheOthers) {
   const char* const texts[] = {"900", "925.2", "5", "100"};
   Bench bench;
   bench.startTuned();
+  bench.form.VcoText1.Text = "typed over";
   bench.menu("Hop1");
   EXPECT_TRUE(comesTrue([&] { return bench.find(fields[0])->hasFocus(); }));
   ASSERT_TRUE(becomesActive(bench.window()));
@@ -118,6 +122,7 @@ TEST(Wiring, TheDialogOpensInTheMiddleAndEscapeClosesIt) {
 struct Browse : ::testing::Test {
   Browse() {
     fs::create_directories(folder);
+    fs::create_directories(folder.parent_path() / "zone");
     std::ofstream(folder / "low band.txt") << "\n";
     fs::current_path(folder.parent_path());
     bench.startTuned();
@@ -157,8 +162,17 @@ TEST_F(Browse, PicksAFileWithTheMouseWhileTheMainWindowIsBlocked) {
     EXPECT_EQ(dialog().windowModality(), Qt::ApplicationModal);
     QTest::mouseClick(bench.find("Label31(0)"), Qt::LeftButton);
     mainWindowBlocked = bench.form.Label31(0).value() == "0";
+    const TextCanvas directories(*bench.find("BrowseForm.Dir1"));
+    std::map<double, std::string> steps;  // by their indentation
+    for (std::size_t i = 0; i < directories.notes.texts.size(); ++i)
+      steps[directories.notes.places[i].left()] += directories.notes.texts[i].first + " ";
+    EXPECT_THAT(
+        steps, ElementsAre(Pair(_, "/ "), Pair(_, "tmp "), Pair(_, root.path().toStdString().substr(5) + " "),
+                           Pair(_, "bänds and more zone ")));
     clickRow("BrowseForm.Dir1", folder.filename(), true);
     EXPECT_EQ(bench.text("BrowseForm.Label4"), folder.string());
+    const QModelIndex first = bench.find<QAbstractItemView>("BrowseForm.File1")->model()->index(0, 0);
+    EXPECT_EQ(first.data(Qt::ToolTipRole).toString(), "low band.txt");
     clickRow("BrowseForm.File1", "low band.txt", false);
     EXPECT_EQ(bench.text("BrowseForm.Text2"), "low band.txt");
     bench.click("BrowseForm.Command1");

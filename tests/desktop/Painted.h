@@ -1,4 +1,4 @@
-// What a widget writes when it paints itself: each text with the colour of its pen.
+// What a widget writes when it paints itself: each text with the colour of its pen, and what it fills.
 #pragma once
 
 #include <QImage>
@@ -6,6 +6,7 @@
 #include <QPainter>
 #include <QPen>
 #include <QWidget>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
@@ -23,16 +24,23 @@ class TextNotes : public QPaintEngine {
   void updateState(const QPaintEngineState&) override {}
   void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
   void drawPath(const QPainterPath&) override {}
+  void drawRects(const QRectF* boxes, int count) override {
+    for (const QRectF& box : std::span(boxes, static_cast<std::size_t>(count)))
+      fills.emplace_back(painter()->brush().color().name().toStdString(), box);
+  }
   void drawPolygon(const QPointF*, int, PolygonDrawMode) override {}
   void drawTextItem(const QPointF& at, const QTextItem& item) override {
     if (item.text().isEmpty()) return;
     texts.emplace_back(item.text().toStdString(), painter()->pen().color().name().toStdString());
     const QRectF box(at.x(), at.y() - item.ascent(), item.width(), item.ascent() + item.descent());
-    room |= painter()->combinedTransform().mapRect(box);
+    places.push_back(painter()->combinedTransform().mapRect(box));
+    room |= places.back();
     if (item.text().contains(QChar(0x2026))) isElided = true;
   }
   PaintedTexts texts;
-  QRectF room;  // of all texts
+  std::vector<std::pair<std::string, QRectF>> fills;
+  std::vector<QRectF> places;  // of each text
+  QRectF room;
   bool isElided = false;
 };
 

@@ -137,6 +137,8 @@ TEST(ScriptInTheWindows, SendsTheSameAsItsRecording) {
   EXPECT_EQ(QProcess::execute(program, {"--trace", in("2.vcd"), in("recorded")}), 0);
   EXPECT_EQ(wires(in("1.vcd")), wires(in("2.vcd")));
   EXPECT_GT(wires(in("1.vcd")).count('\n'), 500);
+  std::ofstream(in("end").toStdString()) << "click Exit1\n";
+  EXPECT_EQ(QProcess::execute(program, {"--record", "/dev/full", in("end")}), 2);
 }
 
 }  // namespace

@@ -52,6 +52,7 @@ TEST(SetPLL, TheSkyGetsTheWordsOfTheLoadBefore) {
   EXPECT_EQ(bench.numbered(), first);
   for (std::size_t i = 0; i < first.size(); ++i)
     EXPECT_EQ(bench.view.words[static_cast<int>(i)], "R" + std::to_string(i) + ": " + first[i]);
+  const Integer division = bench.pll.Main_RefDiv;
   bench.pll.Fvco = 1800;
   EXPECT_EQ(bench.load(), first) << "highest bit first";
   const Words second = bench.numbered();
@@ -65,11 +66,19 @@ TEST(SetPLL, TheSkyGetsTheWordsOfTheLoadBefore) {
     EXPECT_EQ(bench.numbered(), second) << "turned back after a refusal";
     EXPECT_EQ(bench.host.port.bytes().back(), 0) << "and load enable is low again";
   }
+  bench.pll.Main_RefDiv = division;
+  bench.host.screen.at(25, [&] {
+    bench.pll.Fvco = 1234.567;
+    bench.pll.SetPLL();
+    bench.pll.Main_RefDiv = 0;
+  });
+  (void)faultOf([&] { bench.load(); });
+  EXPECT_EQ(bench.numbered(), first) << "words of a load inside one that is refused stay in their order";
 
   bench.module.PortType = "USB";
   bench.host.usb.fails = true;
   EXPECT_THROW(bench.pll.SetPLL(), std::runtime_error);
-  EXPECT_EQ(bench.numbered(), second) << "an interface that fails halfway leaves them in their order";
+  EXPECT_EQ(bench.numbered(), first) << "an interface that fails halfway leaves them in their order";
 }
 
 }  // namespace

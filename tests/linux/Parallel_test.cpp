@@ -139,7 +139,7 @@ TEST_F(Parallel, RawAccessStandsInWhereNoDriverHasTheAddress) {
 TEST_F(Parallel, PortInstructionsAreAskedForAgainByTheThreadThatLeaves) {
   kernel.addPort(kData, "");
   kernel.iopermResult = 0;
-  kernel.files["/proc/ioports"] = "0000-0cf7 : PCI Bus 0000:00\n";
+  kernel.files["/proc/ioports"] = "0000-0cf7 : PCI Bus 0000:00\n  0378-037f : 0000:02:00.0\n";
   kernel.outb(kControl, 0x0C);
   host.library.OutputByte1(kControl, 0);
   (void)kernel.taken();

@@ -77,17 +77,5 @@ TEST(ADF4193Commands, PhaseLoadIsRememberedOnTheParallelPortAlone) {
   }
 }
 
-TEST(ADF4193Commands, NothingToTuneStillReadsLockDetect) {
-  ADF4193Bench bench(1);
-  bench.host.usb.lockPin = 1;
-  for (const char* vco : {"0", "-5", "x"}) {
-    bench.set("VCOText", vco);
-    bench.forget();
-    bench.click("Command14(1)");
-    EXPECT_EQ(bench.host.usb.calls, Texts{"pin A3"});
-    EXPECT_EQ(bench.value("LDLabel"), "Lock Detect On");
-  }
-}
-
 }  // namespace
 }  // namespace tessarine

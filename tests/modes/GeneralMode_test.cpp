@@ -1,4 +1,3 @@
-#include <cstdint>
 #include <string>
 
 #include "support/ProgramBench.h"
@@ -39,29 +38,6 @@ TEST(GeneralMode, TunesTheWorkedExamplesToTheBit) {
       EXPECT_EQ(bench.milliseconds(), row.milliseconds);
       EXPECT_TRUE(bench.messages().empty());
     }
-  }
-}
-
-TEST(GeneralMode, OnUsbOneCommandReadsLockDetect) {
-  const struct {
-    const char* command;
-    std::uint8_t pin;
-    bool read, locked;
-  } rows[] = {{"AllCommand", 1, true, true},
-              {"AllCommand", 255, true, false},
-              {"CalculateCommand", 1, false, false},
-              {"NCommand", 1, false, false}};
-  for (const auto& row : rows) {
-    SCOPED_TRACE(std::string(row.command) + " " + std::to_string(row.pin));
-    TunedBench bench(1);
-    bench.click("CalculateCommand");
-    bench.forget();
-    bench.host.usb.lockPin = row.pin;
-    bench.click(row.command);
-    EXPECT_EQ(bench.host.usb.calls.size(), row.read ? 11U : 10U) << "three calls a word, then the lines low";
-    EXPECT_EQ(bench.host.usb.calls.back(), row.read ? "pin A3" : "write B 0");
-    EXPECT_EQ(bench.value("LDLabel"), row.locked ? "Lock Detect On" : "Lock Detect Off");
-    EXPECT_EQ(bench.window.LDLabel.BackColor.get(), row.locked ? 65280U : 16777215U);
   }
 }
 

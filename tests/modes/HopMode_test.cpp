@@ -76,16 +76,6 @@ TEST(HopMode, EditsTakeEffectAtTheNextReading) {
   EXPECT_EQ(bench.sent(), (Texts{"900", "1100", "900", "1100"}));
 }
 
-TEST(HopMode, TakesTheFunctionLatchAnewAndNoOtherPanel) {
-  HopBench bench("1");
-  bench.window.Label31(19).Caption = "1";
-  bench.window.Text27.Text = "7";
-  bench.click("StartHop");
-  EXPECT_EQ(bench.latches()[0], "38096/24"_w[0]);
-  EXPECT_EQ(bench.pll.RCounter_4531, 1);
-  EXPECT_EQ(bench.value("Mregister"), "") << "a hop leaves the fourth caption alone";
-}
-
 TEST(HopMode, EntriesThatLeadNowhere) {
   const std::string beyond = " = 40000 does not fit 16 bits (-32768 to 32767)";
   const struct {
@@ -113,20 +103,6 @@ TEST(HopMode, EntriesThatLeadNowhere) {
     EXPECT_EQ(bench.window.HopRunning, row.running);
     EXPECT_EQ(bench.value("Label8"), row.text);
   }
-}
-
-TEST(HopMode, ADF4193HopsWithoutDelayAndWithItsPowerUp) {
-  ProgramBench bench("ADF4193");
-  bench.tune("", "8/9", "104");
-  bench.click("Hop1");
-  bench.set({{"VcoText1", "1747.2"}, {"VcoText2", "1800"}, {"HopText", "1"}, {"DelayText", "30000"}});
-  bench.forget();
-  bench.click("StartHop");
-  EXPECT_TRUE(bench.messages().empty());
-  EXPECT_EQ(bench.pll.Model, "ADF4193") << "the panels were copied although no command had run";
-  EXPECT_LT(bench.milliseconds(), 5000);
-  EXPECT_EQ(bench.latches().size(), 14U + 2 * (14U + 9U)) << "the power-up before the loop and in each send";
-  EXPECT_EQ(bench.value("Label8"), kEnded);
 }
 
 }  // namespace

@@ -81,15 +81,6 @@ TEST(SweepMode, StepButtonsHaveExactLimitsAndTheirOwnText) {
   EXPECT_EQ(bench.pll.Fcomp, 100) << "the step buttons read no panel";
 }
 
-TEST(SweepMode, ShowsTheControlsOfItsWayOfWorking) {
-  SweepBench bench("1", "2", "3", false);
-  const std::string all = "DelaySweepText1 DLabel msLabel PrevCommand NextCommand";
-  bench.click("AutoOption1");
-  EXPECT_EQ(bench.shown(all), "DelaySweepText1 DLabel msLabel");
-  bench.click("StepOption");
-  EXPECT_EQ(bench.shown(all), "PrevCommand NextCommand");
-}
-
 TEST(SweepMode, FaultsAndEntriesThatLeadNowhereAreOneMessage) {
   const struct {
     const char *start, *stop, *step, *delay;

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "remote/RemoteBench.h"
+#include "support/Sum.h"
 
 namespace tessarine::remote {
 namespace {
@@ -28,6 +29,7 @@ constexpr std::pair<const char*, int> kRefused[] = {
 
 TEST(Session, AnswersEachQueryOnceAndKeepsTheErrors) {
   std::mt19937 random(20'261'123);
+  std::string replies;
   TunedBench bench;
   struct {
     std::shared_ptr<Wire> wire;
@@ -51,6 +53,7 @@ TEST(Session, AnswersEachQueryOnceAndKeepsTheErrors) {
       errors.back() = -350;
     }
     const std::string reply = bench.say(*wire, line);
+    replies += line + '\n' + reply;
     EXPECT_EQ(std::ranges::count(reply, '\n'), queries > 0 ? 1 : 0) << line;
     EXPECT_EQ(std::ranges::count(reply, ';'), std::max<std::ptrdiff_t>(queries - 1, 0)) << line << reply;
     for (auto asked = random() % 4 == 0 ? random() % 40 : 0; asked > 0; --asked) {
@@ -59,6 +62,7 @@ TEST(Session, AnswersEachQueryOnceAndKeepsTheErrors) {
       if (!errors.empty()) errors.pop_front();
     }
   }
+  expectSum("replies", replies, 3278846527);
 }
 
 }  // namespace

@@ -35,6 +35,8 @@ TEST(Recorder, WritesEachActionSoThatItComesAgain) {
       "set RefText 10; set CompText 200; set VCOText 900; set PrescalarText 8/9; "
       "click Hop1; set VcoText1 900; set VcoText2 901; set HopText 9; set DelayText 100; ";
   const std::string panel = "click ACommand; ";
+  const std::string typed =
+      "set BrowseForm.Text1 *; set BrowseForm.Text1 *.x; set BrowseForm.Text2 a; set BrowseForm.Text2 ab; ";
   const std::string cancel = "click BrowseForm.Command2";
   const struct {
     const char* what;
@@ -49,9 +51,8 @@ TEST(Recorder, WritesEachActionSoThatItComesAgain) {
       {"time between lines", "wait 500; click Sweep1; wait 500; click Gen1", "click Sweep1; click Gen1"},
       {"actions in waits, and in theirs",
        hop + "at 250.5 click Gen1; at 251 click AllCommand; at 600 click Hop1; click StartHop"},
-      {"a modal window",
-       panel + "click Command1; wait 300; set BrowseForm.Text1 *; set BrowseForm.Text1 *.x; " + cancel,
-       panel + "click Command1; set BrowseForm.Text1 *; set BrowseForm.Text1 *.x; " + cancel},
+      {"a modal window", panel + "click Command1; wait 300; " + typed + cancel,
+       panel + "click Command1; " + typed + cancel},
       {"a modal window in a wait", panel + hop +
                                        "at 150 click Command1; at 900 click StopHop; click StartHop; "
                                        "wait 400; set BrowseForm.Text2 x; wait 100; " +

@@ -43,7 +43,7 @@ check 'a trace on a full disk' 2 "$word" '*cannot be written in full' "$program"
 check 'a recording nowhere' 2 "$word" '*none/x.script cannot be written*' "$program" --record none/x.script tune.script
 check 'a recording on a full disk' 2 "$word" '*cannot be written in full' "$program" --record /dev/full tune.script
 # Into a pipe goes only what nothing is written in front of or in the place of any more.
-printf 'click ContinueCommand\nset VCOText 9\nset VCOText 90\nat 500 click Parallel\nclick Close1\nset VCOText 1\n' >waits.script
+printf 'click ContinueCommand\nset VCOText 9\nset VCOText 90\nat 500 click Parallel\nclick Close1\nset VCOText 100\nset VCOText 1\n' >waits.script
 "$program" --record waits.first waits.script
 check 'a recording into a pipe' 0 "$(<waits.first)" '' \
   bash -c '"$1" --record >(cat) waits.script >/dev/null; wait $!' - "$program"
@@ -51,15 +51,15 @@ check 'typing on is one line of it' 0 'set VCOText 90' '' grep -m 1 VCOText wait
 
 # Lines come out one by one, while the script is still being typed.
 mkfifo typed
-"$program" <typed >spoken &
+"$program" --trace typed.vcd <typed >spoken &
 exec 3>typed
-echo 'click ContinueCommand' >&3
-echo 'visible GeneralFrame' >&3
+cat tune.script <(echo) >&3
 for _ in $(seq 100); do
   [[ -s spoken ]] && break
   sleep 0.05
 done
-check 'a line while the script is typed' 0 $'GeneralFrame\t1' '' cat spoken
+check 'a line while the script is typed' 0 "$word" '' cat spoken
+check 'its words are in the trace by then' 0 3 '' grep -cx '1#' typed.vcd
 exec 3>&-
 wait
 

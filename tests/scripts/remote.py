@@ -105,7 +105,7 @@ def main():
         assert program.wait(10) == 0, program.returncode
         assert program.stderr.read() == "" or not MEASURED
 
-        program, address = start("0.0.0.0:0")
+        program, address = start(f"0.0.0.0:{port}")  # though it was used just now
         assert f": anybody who reaches {address} over the network" in program.stderr.readline()
         program.send_signal(signal.SIGTERM)
         program.wait(10)

@@ -1,18 +1,10 @@
 #include <array>
 #include <string>
-#include <utility>
 
 #include "support/ProgramBench.h"
-#include "support/TempFile.h"
 
 namespace tessarine {
 namespace {
-
-void openPanel(ProgramBench& bench, const std::string& model) {
-  bench.pick(model);
-  if (bench.value("ACommand") == "Close") bench.click("ACommand");
-  bench.click("ACommand");
-}
 
 TEST(Panels, TheTimerChosenIsFollowedByTheOtherTwo) {
   const struct {
@@ -26,7 +18,7 @@ TEST(Panels, TheTimerChosenIsFollowedByTheOtherTwo) {
       {"ICP", "9", {"10", "00", "01"}, {"000001001", "000010000", "000010000"}},
       {"Not Used", "8", {"11", "00", "01"}, {"000001000", "000010000", "000010000"}}};
   ProgramBench bench("ADF4193");
-  openPanel(bench, "ADF4193");
+  bench.click("ACommand");
   for (const auto& row : rows) {
     bench.set({{"Combo10(4)", row.choice}, {"Text36(2)", row.counter}});
     bench.window.FracRegister();
@@ -36,18 +28,6 @@ TEST(Panels, TheTimerChosenIsFollowedByTheOtherTwo) {
     EXPECT_EQ((Texts{pll.R4_TimeOutCounter, pll.R4_TimeOutCounter_2, pll.R4_TimeOutCounter_3}),
               Texts(row.counters.begin(), row.counters.end()));
   }
-}
-
-TEST(Panels, AllAreCopiedWhateverTheModelButThatOfTheSKY) {
-  ProgramBench bench("ADF4113");
-  bench.window.FracRegister();
-  EXPECT_EQ(bench.pll.Main_RefDiv, 0);
-  EXPECT_EQ(bench.pll.R6_MuxOut, "0000");
-  const TempFile bands("800 1000 3\nend\n");
-  openPanel(bench, "SKY72300-362");
-  bench.set("Text47", bands.path());
-  bench.window.FracRegister();
-  EXPECT_EQ(bench.pll.SetupFileName, bands.path()) << "as if it were that of the phases";
 }
 
 // A button without "Close" in an LMX model, and its text and the one panel that survive a pick.
@@ -78,25 +58,6 @@ TEST(Panels, OpenAndCloseWithTheirQuirks) {
     }
     EXPECT_EQ(bench.shown("Frame11 Frame12 Frame13 Frame16 Frame17 Frame24"), step.shown);
     EXPECT_EQ(bench.value("ACommand"), step.button);
-  }
-}
-
-TEST(Panels, OptionsAndBitsFollowEachOther) {
-  ProgramBench bench("LMX2316");
-  EXPECT_EQ(bench.pll.GoBit, "") << "although one option starts selected";
-  openPanel(bench, "ADF4153");
-  for (const auto& [precision, mode] : {std::pair{"LDP=5", "LCD Mode"}, {"LDP=3", "Normal Mode"}}) {
-    bench.click("LDPCheck");
-    EXPECT_EQ(bench.window.LDPCheck.Caption.get(), precision);
-    bench.click("Label43");
-    EXPECT_EQ(bench.value("Label43"), mode);
-  }
-  openPanel(bench, "ADF4252");
-  bench.click("CRLabel(5)");
-  EXPECT_EQ(bench.value("Option4(0)"), "1") << "any control bit selects the noise and spur option";
-  for (const char* const option : {"Option4(1)", "Option4(2)"}) {
-    bench.click(option);
-    EXPECT_EQ(bench.value(option), "1");
   }
 }
 

@@ -1,12 +1,11 @@
 #include "window/PllForm1.h"
 
-#include <cstdint>
 #include <sstream>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "support/ProgramBench.h"
+#include "support/Sum.h"
 
 namespace tessarine {
 namespace {
@@ -33,132 +32,13 @@ std::string listing(const Form& form) {
   return out.str();
 }
 
-// A sum for each form as it was looked over on the screen. Who changes a caption, a place or a look there
-// looks at it again (TESSARINE_DRAW_INTO), reads the listing and takes the new sum.
+// As they were looked over on the screen. Who changes a caption, a place or a look there looks at it again
+// (TESSARINE_DRAW_INTO), reads the listing and takes the new sum.
 TEST(Forms, AreAsTheyWereLookedOver) {
   ProgramBench bench;
-  std::vector<std::pair<std::string, std::uint32_t>> sums;
   std::string all;
-  for (const Form* const form : bench.program.forms.all()) {
-    std::uint32_t sum = 2166136261U;  // FNV-1a
-    const std::string text = form->Caption.get() + '\n' + listing(*form);
-    for (const char c : text) sum = (sum ^ static_cast<unsigned char>(c)) * 16777619U;
-    sums.emplace_back(form->name(), sum);
-    all += text;
-  }
-  const decltype(sums) expected = {{"PllForm1", 1610949628U},
-                                   {"ParallelForm", 473557852U},
-                                   {"BrowseForm", 335341048U},
-                                   {"frmAbout", 1341296523U}};
-  EXPECT_EQ(sums, expected) << all;
-}
-
-TEST(MainWindow, ShowsTheFirstScreenAloneThenTheWorkingScreen) {
-  ProgramBench bench;
-  const std::string topLevel =
-      "Picture1 Frame24 Frame4193 Frame17 GeneralFrame DataFrame Frame2(0) Frame2(1) Frame2(2) Frame11";
-  EXPECT_EQ(bench.shown(topLevel), "Picture1");
-  EXPECT_TRUE(bench.host.port.accesses.empty());
-  bench.open();
-  EXPECT_EQ(bench.shown(topLevel), "GeneralFrame DataFrame Frame2(0)");
-  EXPECT_EQ(bench.value("GeneralFrame"), "  ");
-  EXPECT_TRUE(bench.window.ACommand.Enabled);
-}
-
-TEST(MainWindow, CloseClearsTheScreenAfterAPauseAndLeavesTheMarks) {
-  const std::string all = "Picture1 GeneralFrame DataFrame Frame2(0) Frame2(1) Mregister Label16(3)";
-  ProgramBench bench("ADF4153");
-  bench.tune();
-  bench.click("AllCommand");
-  bench.click("ACommand");
-  bench.click("Hop1");
-  bench.forget();
-  bench.host.screen.at(2999, [&] {
-    EXPECT_EQ(bench.shown(all), "Picture1");
-    EXPECT_FALSE(bench.control("Mode1").Enabled);
-  });
-  bench.click("Close1");
-  EXPECT_EQ(bench.milliseconds(), 3000);
-  EXPECT_EQ(bench.shown(all), "GeneralFrame DataFrame Frame2(0)");
-  EXPECT_TRUE(bench.control("Mode1").Enabled);
-  for (const char* const cleared : {"RefText", "CompText", "PrescalarText", "VCOText", "Fregister",
-                                    "Rregister", "Nregister", "Mregister"}) {
-    EXPECT_EQ(bench.value(cleared), "") << cleared;
-  }
-  EXPECT_EQ(bench.value("GeneralFrame"), "  ");
-  EXPECT_EQ(bench.value("ACommand"), "Close");
-  EXPECT_TRUE(bench.window.Hop1.Checked);
-  bench.pick("ADF4113");
-  EXPECT_TRUE(bench.window.pllM(11).Checked) << "the next pick does not clear it";
-}
-
-TEST(MainWindow, BecomingActiveAgainResetsLampAndPolarity) {
-  ProgramBench bench("LMX2326", 1);
-  bench.host.usb.lockPin = 1;
-  bench.tune("900", "32/33");
-  bench.click("AllCommand");
-  bench.click("ACommand");
-  bench.click("Check1");
-  ASSERT_EQ(bench.value("LDLabel"), "Lock Detect On");
-  bench.window.Move(300, 300, 900, 900);
-
-  bench.click("About1");
-  bench.click("frmAbout.cmdOK");
-  EXPECT_EQ(bench.value("LDLabel"), "Lock Detect Off");
-  EXPECT_EQ(bench.program.module.PolarityNegative, kFalse);
-  EXPECT_EQ(bench.value("Check1"), "0");
-  EXPECT_EQ(bench.window.Place.get(), (Twips{0, 0, 900, 900}));
-  EXPECT_FALSE(bench.visible("Picture1"));
-
-  bench.set("Check1", "1");
-  bench.click("About1");
-  bench.set("Check1", "0");
-  bench.set("VCOText", "901");
-  EXPECT_EQ(bench.program.module.PolarityNegative, kTrue) << "the window was active before the box changed";
-}
-
-TEST(ModelMenu, TurnsTheWindowIntoThePanelOfTheChip) {
-  const std::string five = "CalculateCommand AllCommand FCommand NCommand RCommand";
-  const std::string own = "Command14(0) Command14(1) Command14(2) SetupLabel Text38 Command13";
-  const std::string three = " DataFrame Label16(0) Label16(1) Label16(2)";
-  const std::string four = three + " Label16(3) Mregister";
-  const char* const all = "4/5 8/9 16/17 32/33 64/65 128/129 ";
-  const struct {
-    const char* prescalers;
-    std::string shown;  // with its panel open
-    Texts models;
-  } rows[] = {
-      {"32/33 ", five + three + " Frame16", {"LMX2306", "LMX2316", "LMX2326"}},
-      {"8/9 16/17 32/33 64/65 ",
-       five + three + " Frame11",
-       {"ADF4106", "ADF4110", "ADF4111", "ADF4112", "ADF4113"}},
-      {all, five + three + " Frame16", {"ADF4118"}},
-      {"4/5 8/9 ", "CalculateCommand AllCommand" + four + " Frame13", {"ADF4153", "ADF4156"}},
-      {"4/5 8/9 ", own + " Frame4193 Frame17", {"ADF4193"}},
-      {"4/5 8/9 ", "CalculateCommand AllCommand" + four + " Frame12", {"ADF4251", "ADF4252"}},
-      {all, five + " Frame4193 Frame24", {"SKY72300-362"}},
-  };
-  const std::string parts =
-      five + " MCommand " + own + four + " Frame4193 Frame11 Frame12 Frame13 Frame16 Frame17 Frame24";
-  ProgramBench fresh;
-  for (const auto& row : rows) {
-    for (const std::string& model : row.models) {
-      SCOPED_TRACE(model);
-      ProgramBench bench(model);
-      EXPECT_EQ(bench.program.module.CurrentModel, model == "ADF4106" ? "ADF4113" : model);
-      EXPECT_EQ(bench.value("GeneralFrame"), "    PLL Model :  " + model + "    ");
-      std::string prescalers;
-      for (const auto& item : bench.window.PrescalarText.List.get()) prescalers += item + " ";
-      EXPECT_EQ(prescalers, row.prescalers);
-      bench.click("ACommand");
-      EXPECT_EQ(bench.shown(parts), row.shown);
-      const std::string panel = row.shown.substr(row.shown.rfind(' ') + 1);
-      EXPECT_EQ(bench.control(panel).Place.get(), fresh.control(panel).Place.get());
-      bench.pick("ADF4113");
-      const std::string kept = bench.visible("Frame16") ? " Frame16" : "";
-      EXPECT_EQ(bench.shown(parts), five + three + kept) << "and back";
-    }
-  }
+  for (const Form* const form : bench.program.forms.all()) all += form->Caption.get() + '\n' + listing(*form);
+  expectSum("forms", all, 3216880038);
 }
 
 TEST(ModelMenu, KeepsItsQuirksFromOneModelToTheNext) {

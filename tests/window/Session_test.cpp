@@ -1,0 +1,129 @@
+// Sessions of an operator who does anything, on the virtual board: what shows, what is told and what the
+// board makes of it, as on the day when every word agreed with an independent model.
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <random>
+#include <set>
+#include <sstream>
+#include <string>
+#include <utility>
+
+#include "apps/ReachReader.h"
+#include "board/Describe.h"
+#include "board/Reach.h"
+#include "board/VirtualBoard.h"
+#include "script/Recorder.h"
+#include "support/AnyHand.h"
+#include "support/FakePlatform.h"
+#include "support/Hand.h"
+#include "support/Sum.h"
+#include "window/Program.h"
+
+namespace tessarine {
+namespace {
+
+struct Session : Hand {
+  Session(const std::string& model, unsigned seed) : Hand(program), random(seed) {
+    host.host.version.reset();
+    host.screen.whileModal = [this](forms::Form&) {
+      (void)program.door.pick(program.window.browseForm.Dir1, 0);
+      for (const char* const name : {"whole", "../band/whole"})
+        (void)program.door.set(program.window.browseForm.Text2, name);
+      (void)program.door.click(program.window.browseForm.Command1);
+    };
+    program.start();
+    open(random() % 4 == 0);
+    pick(model);
+    board.board().plug(model);
+  }
+  void retune(const char* prescaler) {
+    for (const auto& [name, value] :
+         {std::pair("RefText", "40"), {"CompText", "200"}, {"PrescalarText", prescaler}, {"VCOText", "1800"}})
+      (void)program.door.set(control(name), value);
+  }
+  void stop() {
+    for (const char* const name : {"StopHop", "StopSweepCommand(1)"}) (void)program.door.click(control(name));
+  }
+
+  void act() { look(actAtRandom(program, random, true)); }
+  // What is there now and was not before.
+  void look(const std::string& done) {
+    if (done.empty()) return;
+    std::set<std::string> now;
+    std::istringstream told(describeBoard(board.board()) +
+                            (random() % 4 == 0 ? describeReach(reach.reach(program)) : ""));
+    for (std::string line; std::getline(told, line);) now.insert(line);
+    for (const forms::Form* const form : program.forms.all()) {
+      if (form == &program.window.browseForm) continue;  // shows what is on this disk
+      now.insert(form->name() + (form->Visible ? " is shown" : ""));
+      for (const forms::Control* const c : form->controls()) {
+        std::string line = form->name() + '.' + c->name() + (c->isVisible() ? " v" : " -") +
+                           (c->Enabled ? "e " : "- ") + c->value();
+        if (const auto* const menu = dynamic_cast<const forms::Menu*>(c))
+          line += menu->Checked ? " checked" : "";
+        if (const auto* const label = dynamic_cast<const forms::Label*>(c))
+          if (label->BackColor.get()) line += ' ' + std::to_string(*label->BackColor.get());
+        if (c->kind() == forms::Kind::CheckBox) line += ' ' + c->captionProperty()->get();
+        if (c->kind() == forms::Kind::Frame) line += ' ' + std::to_string(c->Place.get().Height);
+        if (const auto* const list = dynamic_cast<const forms::ListControl*>(c))
+          for (const std::string& item : list->List.get()) line += '|' + item;
+        now.insert(std::move(line));
+      }
+    }
+    for (const Message& message : std::exchange(host.screen.messages, {})) write("! " + message.text);
+    write("> " + done + " at " + std::to_string(host.clock.elapsed));
+    for (const std::string& line : now)
+      if (!seen.contains(line)) write(line);
+    seen = std::move(now);
+  }
+  // The same wherever this stands.
+  void write(std::string line) {
+    const std::string here = std::filesystem::current_path();
+    for (auto at = line.find(here); at != std::string::npos; at = line.find(here))
+      line.erase(at, here.size());
+    log += line + '\n';
+  }
+
+  FakePlatform host;
+  board::VirtualBoard board{{[this] { return host.clock.elapsed; }, [] { return 40.0; }},
+                            [] { return board::Cable{}; }};
+  Platform platform{board, board, board, host.host, host.clock, host.screen};
+  Program program{platform};
+  script::WaitedTime waited{[this] { return host.clock.elapsed; }, true};
+  script::Recorder recorder{program.forms, program.door, waited};
+  ReachReader reach;
+  std::mt19937 random;
+  std::set<std::string> seen;
+  std::string log;
+};
+
+TEST(Sessions, GoAsTheyDid) {
+  const std::pair<const char*, std::uint32_t> kSums[] = {
+      {"ADF4106", 22515372},   {"ADF4110", 3432228393}, {"ADF4111", 1247369402},    {"ADF4112", 1734241490},
+      {"ADF4113", 1936678770}, {"ADF4118", 1273905088}, {"ADF4153", 2955406469},    {"ADF4156", 3024897968},
+      {"ADF4193", 1893054175}, {"ADF4251", 2734674110}, {"ADF4252", 4157415726},    {"LMX2306", 1082217009},
+      {"LMX2316", 3050517372}, {"LMX2326", 2004010749}, {"SKY72300-362", 801771549}};
+  const auto before = std::filesystem::current_path();
+  std::filesystem::current_path(TESSARINE_SOURCE_DIR "/tests/fuzz/corpus/frac");
+  for (const auto& [model, sum] : kSums) {
+    std::string log;
+    for (unsigned seed = 0; seed < 8; ++seed) {
+      Session session(model, seed);
+      for (int i = 0; i < 120; ++i) {
+        if (i % 30 == 0) session.retune(i == 30 ? "8/9" : "32/33");
+        if (i % 3 == 0) session.host.screen.at(30, [&] { session.act(); });
+        session.host.screen.at(2000, [&] { session.stop(); });
+        session.act();
+      }
+      session.write(session.recorder.text());
+      log += session.log;
+    }
+    expectSum(model, log, sum);
+  }
+  std::filesystem::current_path(before);
+}
+
+}  // namespace
+}  // namespace tessarine
