@@ -46,7 +46,7 @@ QString setup(const QWidget& widget) {
 std::string setups(const QWidget& window) {
   QString text = setup(window);
   for (const QWidget* const part : window.findChildren<QWidget*>()) {
-    if (part->objectName().startsWith(QLatin1String("qt_"))) continue;  // of the toolkit's own widgets
+    if (part->objectName().startsWith("qt_") || part->inherits("QToolButton")) continue;  // not ours
     if (!part->objectName().isEmpty() || part->property("text").isValid()) text += '\n' + setup(*part);
     if (const auto* const tabs = qobject_cast<const QTabWidget*>(part))
       for (int i = 0; i < tabs->count(); ++i) text += '\n' + tabs->tabText(i);
@@ -105,7 +105,7 @@ TEST(Widgets, AreSetUpAsTheyWereLookedOver) {
   desk.typed(900.07, 200);
   desk.show(kChip);
   all += setups(desk.window);
-  expectSum("widgets", all, 1068079733);
+  expectSum("widgets", all, 678349273);
 }
 
 }  // namespace
