@@ -23,14 +23,15 @@ class TextNotes : public QPaintEngine {
   [[nodiscard]] Type type() const override { return User; }
   void updateState(const QPaintEngineState&) override {}
   void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
-  void drawPath(const QPainterPath&) override {}
+  void drawPath(const QPainterPath&) override { mark("path"); }
   void drawRects(const QRectF* boxes, int count) override {
     for (const QRectF& box : std::span(boxes, static_cast<std::size_t>(count)))
       fills.emplace_back(painter()->brush().color().name().toStdString(), box);
   }
-  void drawPolygon(const QPointF*, int, PolygonDrawMode) override {}
+  void drawPolygon(const QPointF*, int, PolygonDrawMode) override { mark("polygon"); }
   void drawTextItem(const QPointF& at, const QTextItem& item) override {
     if (item.text().isEmpty()) return;
+    mark(item.text().toStdString());
     texts.emplace_back(item.text().toStdString(), painter()->pen().color().name().toStdString());
     const QRectF box(at.x(), at.y() - item.ascent(), item.width(), item.ascent() + item.descent());
     places.push_back(painter()->combinedTransform().mapRect(box));
@@ -38,6 +39,13 @@ class TextNotes : public QPaintEngine {
     if (item.text().contains(QChar(0x2026))) isElided = true;
   }
   PaintedTexts texts;
+  // What is drawn with which pen and brush, wherever it is.
+  void mark(const std::string& what) {
+    const auto [pen, brush] = std::pair(painter()->pen(), painter()->brush());
+    marks += what + ' ' + pen.color().name().toStdString() + std::to_string(pen.style()) +
+             brush.color().name().toStdString() + '\n';
+  }
+  std::string marks;
   std::vector<std::pair<std::string, QRectF>> fills;
   std::vector<QRectF> places;  // of each text
   QRectF room;

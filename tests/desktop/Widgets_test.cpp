@@ -1,5 +1,4 @@
-// How each widget is set up: what it says, to a screen reader too, its colours, and how it takes keys and the
-// pointer.
+// How each widget is set up and painted: what it says, its colours, how it takes keys and the pointer.
 #include <gtest/gtest.h>
 
 #include <QAction>
@@ -9,6 +8,7 @@
 
 #include "desktop/Bench.h"
 #include "desktop/BoardDesk.h"
+#include "desktop/Painted.h"
 #include "desktop/board/Saving.h"
 #include "support/Sum.h"
 
@@ -101,11 +101,18 @@ TEST(Widgets, AreSetUpAsTheyWereLookedOver) {
     desk.show(view);
     all += setups(desk.window);
   }
-  desk.load("900.1");
+  WirePlot wires;
+  wires.resize(32'000, 500);
+  for (const char* const load : {"900.3", "900.1"}) {
+    all += TextCanvas(*desk.find("loopDiagram")).notes.marks;
+    desk.load(load);
+    wires.take(lastStretch(desk.port.board()));
+    all += TextCanvas(wires).notes.marks;
+  }
   desk.typed(900.07, 200);
   desk.show(kChip);
   all += setups(desk.window);
-  expectSum("widgets", all, 678349273);
+  expectSum("widgets", all, 4138220601);
 }
 
 }  // namespace

@@ -10,8 +10,7 @@
 
 namespace tessarine {
 
-// What was done and how it went; nothing where nothing was done. What lasts for long is begun where
-// `lasting`.
+// What was done and how it went, if anything was. What lasts for long is begun where `lasting`.
 inline std::string actAtRandom(Program& program, std::mt19937& random, bool lasting) {
   static const char* const kMHz[] = {"900", "925.2", "1747.200001", "1800", "2400.06", "12.5", "3", "4100"};
   static const char* const kSteps[] = {"200", "40", "30", "1000", "2.5", "0"};
