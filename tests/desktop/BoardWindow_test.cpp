@@ -36,19 +36,15 @@ std::string lockColors(QWidget* widget) {
 }
 
 TEST(ChipView, TellsWhatTheChipMakesOfALoad) {
-  constexpr const char* kSigns[] = {"lockSign", "lock", "loopDiagram"};
   BoardDesk desk;
   desk.pick("ADF4113");
-  for (const char* const sign : kSigns) EXPECT_EQ(lockColors(desk.find(sign)), "bad") << sign;
   desk.expectTexts(
       "lock: Not locked",
       "reason: R register never loaded\nN register never loaded\nfunction register never loaded",
       "boardReason: R register never loaded; N register never loaded; function register never loaded",
       "boardOutput: – MHz", "output: none", "offset: –", "lockPin: low");
-  EXPECT_THAT(paintedTexts(*desk.find("lockSign")), ElementsAre(std::pair("NOT LOCKED", "#ffffff")));
 
   desk.load();
-  for (const char* const sign : kSigns) EXPECT_EQ(lockColors(desk.find(sign)), "good") << sign;
   desk.expectTexts("boardChip: ADF4113", "lock: Locked",
                    "reason: ", "boardReason: ", "boardOutput: 900.000000 MHz", "output: 900.000000 MHz",
                    "asked: 900.000000 MHz", "offset: 0.0 Hz", "detector: 200 kHz", "reference: 10 MHz",
@@ -89,7 +85,6 @@ TEST(ReachCard, FollowsTheFieldsAndCopiesWhatIsClicked) {
                    "reachOffset: -70000.0 Hz\n-77.772 ppm",
                    "reachWhy: 900.07 MHz is no multiple of the step of 200 kHz", "reachBelow: 900 MHz",
                    "reachStep: 10 kHz", "reachCopied: ");
-  EXPECT_EQ(lockColors(desk.find("reachState")), "bad");
   desk.press("reachAbove");
   EXPECT_EQ(QApplication::clipboard()->text(), "900.2");
   EXPECT_EQ(desk.text("reachCopied"), "900.2 is in the clipboard, to be pasted into its field.");
@@ -374,6 +369,8 @@ TEST(BoardWindow, F12ShowsAndHidesItWithoutTakingTheKeyboard) {
   other.show();
   ASSERT_TRUE(becomesActive(other));
   QTest::keyClick(&other, Qt::Key_F12);
+  QKeyEvent held(QEvent::KeyPress, Qt::Key_F12, Qt::NoModifier, {}, true);
+  QCoreApplication::sendEvent(&other, &held);
   ASSERT_TRUE(QTest::qWaitForWindowExposed(&desk.window));
   desk.settle();
   EXPECT_TRUE(QTest::qWaitForWindowActive(&other));

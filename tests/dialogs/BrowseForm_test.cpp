@@ -61,7 +61,7 @@ TEST_F(BrowseFormTest, TakesThePickedFile) {
 
 TEST_F(BrowseFormTest, CancelKeepsTheTextAndTheDirectory) {
   const std::string kept = browse([&] {
-    set({{"BrowseForm.Dir1", in("setups/old ones")}, {"BrowseForm.Text1", "*.x"}});
+    set({{"BrowseForm.Dir1", in("setups/old ones/")}, {"BrowseForm.Text1", "*.x"}});
     click("BrowseForm.Command2");
   });
   EXPECT_EQ(kept, "before");

@@ -51,7 +51,7 @@ check 'typing on is one line of it' 0 'set VCOText 90' '' grep -m 1 VCOText wait
 
 # Lines come out one by one, while the script is still being typed.
 mkfifo typed
-"$program" --trace typed.vcd <typed >spoken &
+"$program" --trace wires.vcd <typed >spoken &
 exec 3>typed
 cat tune.script <(echo) >&3
 for _ in $(seq 100); do
@@ -59,7 +59,7 @@ for _ in $(seq 100); do
   sleep 0.05
 done
 check 'a line while the script is typed' 0 "$word" '' cat spoken
-check 'its words are in the trace by then' 0 3 '' grep -cx '1#' typed.vcd
+check 'its words are in the trace by then' 0 3 '' grep -cx '1#' wires.vcd
 exec 3>&-
 wait
 
