@@ -97,6 +97,11 @@ void checkState(Bench& bench, const forms::Form& form, const std::string& state)
     EXPECT_EQ(reached.contains(name), isOnTop(*widget) && takesKeys(*control))
         << name << ": reached by the keyboard?";
     const bool isDrawn = control->kind() == Kind::Line;  // what it parts may meet in its middle
+    const bool isAcross = widget->width() > widget->height();
+    const QPoint end(isAcross ? 0 : widget->width() / 2, isAcross ? widget->height() / 2 : 0);
+    if (isDrawn) {
+      EXPECT_EQ(widget->grab().toImage().pixelColor(end).name(), Tones(widget->palette()).edge.name());
+    }
     EXPECT_TRUE(isDrawn || isOnTop(*widget) || !kPanels.contains(control->container()->name()))
         << name << " is covered";
     for (const auto& [other, otherWidget] : shown) {
