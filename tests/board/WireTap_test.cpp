@@ -62,11 +62,13 @@ TEST(WireTap, AWriteThatFailsDidNotGoOut) {
   Tapped tapped;
   FakePort broken;
   broken.fails = [](const FakePort::Access&) { return true; };
-  WireTap tap(broken, broken, tapped.real.port, [] { return Cable{}; });
+  WireTap tap(broken, tapped.real.port, tapped.real.port, [] { return Cable{}; });
   tap.listen(&tapped.seen);
   EXPECT_THROW(tap.DlPortWritePortUchar(0x378, 1), std::runtime_error);
   EXPECT_THROW((void)tap.DlPortReadPortUchar(0x378), std::runtime_error);
   EXPECT_EQ(tapped.seen.trace().size(), 0U);
+  tap.OutputByte1(0x378, 1);
+  EXPECT_EQ(tap.InputByte1(0x378), 1) << "the other way is sound";
 }
 
 }  // namespace

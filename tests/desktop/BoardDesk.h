@@ -28,7 +28,8 @@ struct EventfulScreen : FakeScreen {
 enum View { kChip, kRegisters, kWire, kFrequency, kScript };
 
 struct BoardDesk : Hand {
-  explicit BoardDesk(View view = kChip) : Hand(program) {
+  explicit BoardDesk(View view = kChip, bool withForms = false) : Hand(program) {
+    if (withForms) desktop.attach(program.forms, program.door);
     host.host.version.reset();  // a host that needs no driver and so no wait for one
     program.start();
     open();
@@ -100,6 +101,7 @@ struct BoardDesk : Hand {
   Platform platform{port, port, port, host.host, host.clock, screen};
   Program program{platform};
   PllForm1& form = program.window;
+  Desktop desktop;  // where the forms are on the screen as well
   board::ReachFields fields;
   std::uint64_t fieldsVersion = 0;
   BoardWindow window{{.board = port.board(),

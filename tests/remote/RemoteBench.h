@@ -114,7 +114,9 @@ struct RemoteBench : forms::Observer {
   Program program{platform};
   std::vector<std::unique_ptr<Connection>> asking;
   Server server{
-      {program, board.board(), "tessarine-virtual", {}}, clients, std::make_unique<FakeListener>(asking)};
+      {program, board.board(), "tessarine-virtual", [this] { return program.module.PortType == "USB"; }},
+      clients,
+      std::make_unique<FakeListener>(asking)};
   std::shared_ptr<Wire> client = connect();
 };
 

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "remote/RemoteBench.h"
+#include "support/AnyHand.h"
 #include "support/Sum.h"
 
 namespace tessarine::remote {
@@ -63,6 +64,84 @@ TEST(Session, AnswersEachQueryOnceAndKeepsTheErrors) {
     }
   }
   expectSum("replies", replies, 3278846527);
+}
+
+// Where a client, another one and the operator do anything at any time.
+TEST(Session, GoesOnBesideAnOperator) {
+  static const char* const kAny[] = {"MOD 'ADF4193'",
+                                     "MOD 'LMX2326'",
+                                     "MOD 'ADF4252'",
+                                     "MOD 'SKY72300-362'",
+                                     "MOD 'ADF4153'",
+                                     "LOAD:INIT",
+                                     "LOAD",
+                                     "SWE:MODE STEP",
+                                     "SWE:MODE AUTO",
+                                     "SWE:NEXT",
+                                     "SWE:PREV",
+                                     "SWE:INIT",
+                                     "HOP:INIT",
+                                     "HOP:ABOR;:SWE:ABOR",
+                                     "FREQ 1747.2MHZ",
+                                     "REF 40MHZ",
+                                     "STEP 200KHZ",
+                                     "PRES '8/9'",
+                                     "*RST",
+                                     "*OPC",
+                                     "*WAI",
+                                     "SYST:ERR?",
+                                     "CONT:VIS? 'Text47'",
+                                     "CONT:CLIC 'ACommand'",
+                                     "REG? 'R0'",
+                                     "SET:FRAC 'x'",
+                                     "SET:BAND 'x'",
+                                     "MOD?;REG:CAT?",
+                                     "LOCK?;FREQ:ACT?;:FREQ?",
+                                     "CONT:CLIC 'Gen1'",
+                                     "*STB?;*ESR?",
+                                     "REG? 'N'",
+                                     "SWE:FREQ:STAR 900MHZ",
+                                     "SWE:FREQ:STOP 901MHZ",
+                                     "SWE:STEP 200KHZ",
+                                     "HOP:COUN 3",
+                                     "SWE:STAT?",
+                                     "HOP:FREQ1 900MHZ",
+                                     "SYST:PORT?",
+                                     "HOP:STAT?;DEL?",
+                                     "HOP:FREQ2 1GHZ",
+                                     "SET:BAND?",
+                                     "HOP:DEL 20MS",
+                                     "PRES?;:SET:FRAC?",
+                                     "SYST:ERR:COUN?"};
+  std::string all;
+  for (unsigned seed = 0; seed < 12; ++seed) {
+    std::mt19937 random(seed);
+    RemoteBench bench;
+    bench.say((seed % 3 == 0 ? "SYST:PORT USB" : "SYST:PORT LPT") +
+              std::string(";:MOD 'ADF4113';REF 10MHZ;STEP 200KHZ;PRES '8/9';FREQ 900MHZ;LOAD"));
+    const std::shared_ptr<Wire> wires[] = {bench.client, bench.connect()};
+    bench.screen.whileModal = [&](forms::Form& form) {
+      all += "modal " + bench.say(*wires[1], "CONT:VIS? 'BrowseForm.Text1';:SYST:ERR?");
+      form.Unload();
+    };
+    const auto act = [&] {
+      if (bench.screen.ended) return;
+      if (random() % 4 == 0) {
+        all += actAtRandom(bench.program, random, true) + '\n';
+      } else {
+        const std::string line = kAny[random() % std::size(kAny)];
+        all += line + ": " + bench.say(*wires[random() % 2], line) + '\n';
+      }
+      for (const Message& message : std::exchange(bench.screen.messages, {})) all += message.text + '\n';
+      all += bench.server.describe() + '\n';
+    };
+    for (int i = 0; i < 600; ++i) {
+      if (i % 4 == 0) bench.screen.at(10, act);
+      bench.screen.at(500, [&] { bench.say(*wires[i % 2], "HOP:ABOR;:SWE:ABOR"); });
+      act();
+    }
+  }
+  expectSum("beside", all, 1990190362);
 }
 
 }  // namespace

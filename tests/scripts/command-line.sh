@@ -40,6 +40,40 @@ check 'three load pulses' 0 3 '' grep -cx '1#' wires.vcd
 check 'a trace nowhere' 2 '*' '*none/wires.vcd cannot be written' "$program" --trace none/wires.vcd tune.script
 check 'a trace on a full disk' 2 "$word" '*cannot be written in full' "$program" --trace /dev/full tune.script
 
+# What a session of everything comes to, as it was looked over once.
+cat >all.script <<'END'
+click ContinueCommand
+board fault no-reference
+pick ADF4113
+set RefText 10
+set CompText 200
+set PrescalarText 8/9
+set VCOText 900
+click AllCommand
+board
+board fault none
+click AllCommand
+board
+click Hop1
+set VcoText1 900
+set VcoText2 905.2
+set HopText 9
+set DelayText 20
+at 30.5 show Label8
+at 170 click StopHop
+click StartHop
+latches
+board history
+board reach
+time
+snapshot
+controls
+board fault smoke
+END
+check 'a session of everything' 2 '' '*:27: there is no fault "smoke" among none no-echo stuck-data no-le no-reference' \
+  bash -c '"$1" --trace all.vcd --record all.first - <all.script >all.out' - "$program"
+check 'what came of it' 0 '4231272626 32779' '' bash -c 'cat all.out all.vcd all.first | grep -v "^# " | cksum'
+
 check 'a recording nowhere' 2 "$word" '*none/x.script cannot be written*' "$program" --record none/x.script tune.script
 check 'a recording on a full disk' 2 "$word" '*cannot be written in full' "$program" --record /dev/full tune.script
 # Into a pipe goes only what nothing is written in front of or in the place of any more.
@@ -83,6 +117,7 @@ a b|"b" is one word too many
 --board gpio --wires none|none cannot be read
 --board gpio --wires wrong.script|wrong.script, line 1: "wait" is no role
 END
+check 'help on a full disk' 2 '' '*' bash -c '"$1" --help >/dev/full' - "$program"
 for each; do
   check "help of $each" 0 'usage: *  --trace FILE.vcd  *' '' "$each" -h
   check "version of $each" 0 "${each##*/} [1-9]*.*.*[0-9]" '' "$each" --version
@@ -91,6 +126,7 @@ done
 check "a style of $program" 2 '' 'usage: *"-s" is no option*' "$program" -style x
 shift
 for each; do
+  check "no display for $each" 69 '' 'No window can be opened: *' env -u DISPLAY -u WAYLAND_DISPLAY "$each"
   check "the toolkit's options of $each" 0 "${each##*/} *" '' \
     env -u DISPLAY -u WAYLAND_DISPLAY "$each" -platform none --style=fusion --version
   check "a file of $each" 2 '' '*: --version cannot be read' env -u DISPLAY -u WAYLAND_DISPLAY "$each" -- --version

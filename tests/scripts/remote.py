@@ -56,7 +56,9 @@ def holdings(program, port):
 def crowd_that_comes_and_goes(port, program):
     for turn in range(300):
         line = socket.create_connection(("127.0.0.1", port))
-        line.sendall([b"*IDN?\n*IDN", b"GET / HTTP/1.1\r\n\r\n", b"\0\xff" * 40_000, b"*IDN?\n"][turn % 4])
+        line.sendall([b"*IDN?\n*IDN", b"GET / HTTP/1.1\r\n\r\n", b"\0\xff" * 40_000, b"CONT:CAT?\n" * 99][turn % 4])
+        if turn % 4 == 3:
+            line.shutdown(socket.SHUT_WR)  # and what is sent to it then finds nobody
         if turn % 2:
             line.setsockopt(socket.SOL_SOCKET, socket.SO_LINGER, b"\1\0\0\0\0\0\0\0")  # vanishes
         else:

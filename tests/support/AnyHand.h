@@ -17,11 +17,13 @@ inline std::string actAtRandom(Program& program, std::mt19937& random, bool last
   static const char* const kOther[] = {
       "",   "1",    "2",     "3",   "7",     "16",  "40",    "63",   "255",          "-1",
       "10", "12.5", "16/17", "8/9", "whole", " 7 ", "\"a\"", "/x y", "../band/whole"};
-  static const char* const kOften[] = {"ACommand", "AllCommand", "AllCommand", "Command14(0)",
-                                       "VCOText",  "StartHop",   "StepOption", "StartSweepCommand(0)"};
+  static const char* const kOften[] = {
+      "ACommand", "AllCommand", "AllCommand", "Command14(0)", "Hop1",
+      "VCOText",  "StartHop",   "StepOption", "Sweep1",       "StartSweepCommand(0)"};
   const auto oneOf = [&](const auto& texts) { return std::string(texts[random() % std::size(texts)]); };
   const auto& forms = program.forms.all();
-  const auto& controls = forms[random() % 12 == 0 ? random() % forms.size() : 0]->controls();
+  forms::Form& form = *forms[random() % 12 == 0 ? random() % forms.size() : 0];
+  const auto& controls = form.controls();
   forms::Control* control = controls[random() % controls.size()];
   for (int i = 0; i < 8 && !control->isVisible(); ++i) control = controls[random() % controls.size()];
   if (random() % 4 == 0) control = program.forms.find(oneOf(kOften));
@@ -37,7 +39,11 @@ inline std::string actAtRandom(Program& program, std::mt19937& random, bool last
   const std::string text =
       isFrequency ? oneOf(kMHz) : oneOf(name == "CompText" ? std::span<const char* const>(kSteps) : kOther);
   forms::Operator::Refusal refusal;
-  if (dynamic_cast<forms::ListControl*>(control) && random() % 3 != 0) {
+  if (random() % 32 == 0) {
+    refusal = random() % 4 == 0 && &form != forms[0] ? program.door.close(form) : program.door.activate(form);
+  } else if (random() % 16 == 0) {
+    refusal = program.door.doubleClick(*control);
+  } else if (dynamic_cast<forms::ListControl*>(control) && random() % 3 != 0) {
     refusal = program.door.pick(*control, static_cast<int>(random() % 12));
   } else if (dynamic_cast<forms::TextBox*>(control) || random() % 2 == 0) {
     refusal = program.door.set(*control, text);

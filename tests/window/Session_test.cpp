@@ -8,6 +8,7 @@
 #include <set>
 #include <sstream>
 #include <string>
+#include <string_view>
 #include <utility>
 
 #include "apps/ReachReader.h"
@@ -34,6 +35,8 @@ struct Session : Hand {
         (void)program.door.set(program.window.browseForm.Text2, name);
       (void)program.door.click(program.window.browseForm.Command1);
     };
+    board.onFault = [this](std::string_view name) { recorder.boardFault(name); };
+    board.board().collectLatches();
     program.start();
     open(random() % 4 == 0);
     pick(model);
@@ -50,6 +53,9 @@ struct Session : Hand {
 
   // Does anything, and writes what is there then and was not before.
   void act() {
+    const auto faults = board::boardFaults();
+    const board::BoardFault fault = faults[random() % 16 == 0 ? random() % faults.size() : 0].fault;
+    if (fault != board.fault()) board.setFault(fault);
     const std::string done = actAtRandom(program, random, true);
     if (done.empty()) return;
     const PLL& pll = program.module.ThePLL();
@@ -76,6 +82,7 @@ struct Session : Hand {
       }
     }
     for (const Message& message : std::exchange(host.screen.messages, {})) write("! " + message.text);
+    for (const std::string& latch : board.board().takeLatches()) write(latch);
     write("> " + done + " at " + std::to_string(host.clock.elapsed));
     for (const std::string& line : now)
       if (!seen.contains(line)) write(line);
@@ -103,10 +110,10 @@ struct Session : Hand {
 
 TEST(Sessions, GoAsTheyDid) {
   const std::pair<const char*, std::uint32_t> kSums[] = {
-      {"ADF4106", 3057147598}, {"ADF4110", 1252231831}, {"ADF4111", 2279947212},     {"ADF4112", 3649265802},
-      {"ADF4113", 2677736944}, {"ADF4118", 3313103124}, {"ADF4153", 1587718601},     {"ADF4156", 925870034},
-      {"ADF4193", 2862032233}, {"ADF4251", 4236959734}, {"ADF4252", 2727686500},     {"LMX2306", 1158113365},
-      {"LMX2316", 3048870840}, {"LMX2326", 2598144755}, {"SKY72300-362", 2935123278}};
+      {"ADF4106", 537392685},  {"ADF4110", 210505589},  {"ADF4111", 1579187212},     {"ADF4112", 47919544},
+      {"ADF4113", 607534912},  {"ADF4118", 2781785411}, {"ADF4153", 4055302565},     {"ADF4156", 479237643},
+      {"ADF4193", 501050718},  {"ADF4251", 4287693152}, {"ADF4252", 4026612051},     {"LMX2306", 2871914270},
+      {"LMX2316", 2831282033}, {"LMX2326", 1917097889}, {"SKY72300-362", 2906287904}};
   const auto before = std::filesystem::current_path();
   std::filesystem::current_path(TESSARINE_SOURCE_DIR "/tests/fuzz/corpus/frac");
   for (const auto& [model, sum] : kSums) {
@@ -119,7 +126,7 @@ TEST(Sessions, GoAsTheyDid) {
         session.host.screen.at(2000, [&] { session.stop(); });
         session.act();
       }
-      session.write(session.recorder.text());
+      session.write(session.recorder.text().substr(script::headLine().size()));  // but the day
       log += session.log;
     }
     expectSum(model, log, sum);

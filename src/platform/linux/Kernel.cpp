@@ -10,8 +10,9 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <system_error>
+#include <utility>
 
 #if defined(__x86_64__) || defined(__i386__)
 #include <sys/io.h>
@@ -66,9 +67,10 @@ std::uint8_t SystemKernel::inb(std::uint16_t) { return 0xFF; }
 std::optional<std::string> SystemKernel::textOf(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   if (!file) return std::nullopt;
-  std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-  if (file.bad()) return std::nullopt;
-  return text;
+  std::ostringstream text;
+  text << file.rdbuf();
+  if (text.bad()) return std::nullopt;
+  return std::move(text).str();
 }
 
 std::vector<std::string> SystemKernel::entriesOf(const std::string& folder) {
