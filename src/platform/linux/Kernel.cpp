@@ -10,9 +10,8 @@
 #include <chrono>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
+#include <string>
 #include <system_error>
-#include <utility>
 
 #if defined(__x86_64__) || defined(__i386__)
 #include <sys/io.h>
@@ -67,10 +66,10 @@ std::uint8_t SystemKernel::inb(std::uint16_t) { return 0xFF; }
 std::optional<std::string> SystemKernel::textOf(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
   if (!file) return std::nullopt;
-  std::ostringstream text;
-  text << file.rdbuf();
-  if (text.bad()) return std::nullopt;
-  return std::move(text).str();
+  std::string text;
+  std::getline(file, text, '\0');  // all of it: these are texts
+  if (file.bad()) return std::nullopt;
+  return text;
 }
 
 std::vector<std::string> SystemKernel::entriesOf(const std::string& folder) {
