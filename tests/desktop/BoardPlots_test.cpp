@@ -31,6 +31,8 @@ TEST(Span, FollowsWhatThereIsOrStaysWhereItIs) {
   EXPECT_EQ(shown(), std::pair(0.0, 25.0));
   span.setLimits(500, 510);  // a new load, shorter than the stretch
   EXPECT_EQ(shown(), std::pair(500.0, 510.0));
+  span.followLast(5000);
+  EXPECT_EQ(shown(), std::pair(500.0, 510.0));
   span.zoom(1e-9, 505);
   EXPECT_EQ(span.length(), 1);
   span.zoom(1e9, 505);

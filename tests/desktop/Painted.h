@@ -25,8 +25,10 @@ class TextNotes : public QPaintEngine {
   void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
   void drawPath(const QPainterPath&) override { mark("path"); }
   void drawRects(const QRectF* boxes, int count) override {
-    for (const QRectF& box : std::span(boxes, static_cast<std::size_t>(count)))
+    for (const QRectF& box : std::span(boxes, static_cast<std::size_t>(count))) {
+      mark(box.width() > box.height() ? "wide" : "high");
       fills.emplace_back(painter()->brush().color().name().toStdString(), box);
+    }
   }
   void drawPolygon(const QPointF*, int, PolygonDrawMode) override { mark("polygon"); }
   void drawTextItem(const QPointF& at, const QTextItem& item) override {

@@ -41,19 +41,6 @@ TEST(GeneralMode, TunesTheWorkedExamplesToTheBit) {
   }
 }
 
-TEST(GeneralMode, RegisterButtonsSendAllWordsWithTheFrequenciesOfTheLastReading) {
-  for (const char* button : {"FCommand", "RCommand", "NCommand"}) {
-    TunedBench bench;
-    bench.click("CalculateCommand");
-    bench.forget();
-    bench.tune("1000", "16/17");
-    bench.click(button);
-    // 900 MHz still, the prescaler of now: N = 4500 = 16 x 281 + 4.
-    EXPECT_EQ(bench.latches(), "438092/24 C8/24 11911/24"_w) << button;
-    EXPECT_EQ(bench.value("Nregister"), bench.latches()[2]) << button;
-  }
-}
-
 TEST(GeneralMode, ClickInsideAWaitNestsASecondLoad) {
   TunedBench bench;
   bench.host.screen.at(25, [&] {

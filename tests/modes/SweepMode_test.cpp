@@ -81,29 +81,5 @@ TEST(SweepMode, StepButtonsHaveExactLimitsAndTheirOwnText) {
   EXPECT_EQ(bench.pll.Fcomp, 100) << "the step buttons read no panel";
 }
 
-TEST(SweepMode, FaultsAndEntriesThatLeadNowhereAreOneMessage) {
-  const struct {
-    const char *start, *stop, *step, *delay;
-    std::size_t sends;
-    Integer running;
-    const char* told;
-  } rows[] = {
-      {"1000", "999", "100", "40", 0, kTrue, " Start should be less  then stop"},
-      {"1000", "1001", "-100", "40", 0, kFalse,
-       "Step Size = -100 kHz leads away from the stop frequency: it must be 0 or above"},
-      {"1000", "1001", "100", "32768", 0, kFalse, "Delay = 32768 does not fit 16 bits (-32768 to 32767)"},
-      {"13105", "13108", "1000", "40", 3, kFalse, "B = 8192 does not fit 13 bits (0 to 8191)"},
-  };
-  for (const auto& row : rows) {
-    SweepBench bench(row.start, row.stop, row.step);
-    bench.set("DelaySweepText1", row.delay);
-    bench.click("StartSweepCommand");
-    EXPECT_EQ(bench.messages(), Texts{row.told});
-    EXPECT_EQ(bench.sends(), row.sends);
-    EXPECT_EQ(bench.window.SweepRunning, row.running);
-    EXPECT_TRUE(bench.window.PrevCommand.Enabled);
-  }
-}
-
 }  // namespace
 }  // namespace tessarine

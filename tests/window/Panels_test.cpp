@@ -6,30 +6,6 @@
 namespace tessarine {
 namespace {
 
-TEST(Panels, TheTimerChosenIsFollowedByTheOtherTwo) {
-  const struct {
-    const char *choice, *counter;
-    std::array<const char*, 3> select, counters;
-  } rows[] = {
-      {"SW1/SW2", "5", {"00", "01", "10"}, {"000000101", "000000101", "111111111"}},  // of -2
-      {"SW1/SW2", "8.5", {"00", "01", "10"}, {"000001000", "000001000", "000000010"}},
-      {"SW1/SW2", "600", {"00", "01", "10"}, {"100101100", "100101100", "100101000"}},  // of 10 digits
-      {"SW3", "9", {"01", "00", "10"}, {"000001001", "000001001", "000000010"}},
-      {"ICP", "9", {"10", "00", "01"}, {"000001001", "000010000", "000010000"}},
-      {"Not Used", "8", {"11", "00", "01"}, {"000001000", "000010000", "000010000"}}};
-  ProgramBench bench("ADF4193");
-  bench.click("ACommand");
-  for (const auto& row : rows) {
-    bench.set({{"Combo10(4)", row.choice}, {"Text36(2)", row.counter}});
-    bench.window.FracRegister();
-    const PLL& pll = bench.pll;
-    EXPECT_EQ((Texts{pll.R4_TimerSelect, pll.R4_TimerSelect_2, pll.R4_TimerSelect_3}),
-              Texts(row.select.begin(), row.select.end()));
-    EXPECT_EQ((Texts{pll.R4_TimeOutCounter, pll.R4_TimeOutCounter_2, pll.R4_TimeOutCounter_3}),
-              Texts(row.counters.begin(), row.counters.end()));
-  }
-}
-
 // A button without "Close" in an LMX model, and its text and the one panel that survive a pick.
 TEST(Panels, OpenAndCloseWithTheirQuirks) {
   const struct {

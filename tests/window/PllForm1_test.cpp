@@ -71,26 +71,5 @@ TEST(ModelMenu, SendsNothingButReappliesTheWiring) {
   EXPECT_EQ(bench.pll.DATAbit, 2);
 }
 
-TEST(Prescaler, ShowsItsBitsInTheFunctionLatch) {
-  const struct {
-    const char *text, *onChange;  // DB23 and DB22 after the text changed,
-    const char* onOpening;        // and after 64/65 was shown and the panel opened with the text
-  } rows[] = {{"64/65", "11", "11"}, {"65", "11", "11"},      {"32/33", "10", "10"}, {"33", "10", "10"},
-              {"17", "01", "01"},    {" 16/17 ", "01", "01"}, {"9", "00", "00"},     {"8/9", "00", "00"},
-              {"4/5", "00", "11"},   {"8.5", "00", "11"},     {"", "00", "11"},      {"128/129", "00", "11"}};
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.text);
-    ProgramBench bench("ADF4113");
-    const auto bits = [&] { return bench.value("Label33(2)") + bench.value("Label33(3)"); };
-    bench.set("PrescalarText", "64");
-    bench.set("PrescalarText", row.text);
-    EXPECT_EQ(bits(), row.onChange);
-    bench.window.Label33(2).Caption = "1";
-    bench.window.Label33(3).Caption = "1";
-    bench.click("ACommand");
-    EXPECT_EQ(bits(), row.onOpening);
-  }
-}
-
 }  // namespace
 }  // namespace tessarine
