@@ -25,28 +25,6 @@ namespace {
 
 using namespace ::testing;
 
-TEST(ChipView, TellsWhatTheChipMakesOfALoad) {
-  BoardDesk desk;
-  desk.pick("ADF4113");
-  desk.expectTexts(
-      "lock: Not locked",
-      "reason: R register never loaded\nN register never loaded\nfunction register never loaded",
-      "boardReason: R register never loaded; N register never loaded; function register never loaded",
-      "boardOutput: – MHz", "output: none", "offset: –", "lockPin: low");
-
-  desk.load();
-  desk.expectTexts("boardChip: ADF4113", "lock: Locked",
-                   "reason: ", "boardReason: ", "boardOutput: 900.000000 MHz", "output: 900.000000 MHz",
-                   "asked: 900.000000 MHz", "offset: 0.0 Hz", "detector: 200 kHz", "reference: 10 MHz",
-                   "dividers: 50\n8\n562\n4\n4500", "lockPin: high");
-  desk.load("900.11");  // no multiple of 200 kHz: the nearest one is 90 kHz above it
-  desk.expectTexts("output: 900.200000 MHz", "offset: +90 kHz");
-  desk.click("ACommand");
-  desk.click("Label31(17)");  // the mux brings out something else
-  desk.load();
-  desk.expectTexts("lock: Locked", "lockPin: low");
-}
-
 TEST(ChipView, EachFaultOfTheBoardIsChosenAndShows) {
   BoardDesk desk;
   desk.load();

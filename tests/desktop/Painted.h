@@ -26,7 +26,8 @@ class TextNotes : public QPaintEngine {
   void drawPath(const QPainterPath&) override { mark("path"); }
   void drawRects(const QRectF* boxes, int count) override {
     for (const QRectF& box : std::span(boxes, static_cast<std::size_t>(count))) {
-      mark(box.width() > box.height() ? "wide" : "high");
+      constexpr int kThin = 16;
+      mark(box.width() > kThin * box.height() ? "line" : box.height() > kThin * box.width() ? "edge" : "box");
       fills.emplace_back(painter()->brush().color().name().toStdString(), box);
     }
   }
