@@ -77,9 +77,9 @@ TEST(Modes, AModeBeginsAtItsFirstFieldAndTabGoesDownTheOthers) {
   Bench bench;
   bench.startTuned();
   bench.form.VcoText1.Text = "typed over";
+  ASSERT_TRUE(becomesActive(bench.window()));
   bench.menu("Hop1");
   EXPECT_TRUE(comesTrue([&] { return bench.find(fields[0])->hasFocus(); }));
-  ASSERT_TRUE(becomesActive(bench.window()));
   for (const char* const text : texts) {
     QTest::keyClicks(bench.window().focusWidget(), text);
     QTest::keyClick(bench.window().focusWidget(), Qt::Key_F, Qt::AltModifier);  // no text
