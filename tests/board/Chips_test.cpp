@@ -70,6 +70,8 @@ const struct {
     {"integer-N", "SKY72300-362", with(kSetSky, 7, 0x7014), "1230 MHz from 10"},
     {"ten-bit fraction", "SKY72300-362", with(kSetSky, 7, 0x7018), "1234.56054688 MHz from 10"},
     {"start and a hundred steps", "UMC", kSetUmc, "1001.25 MHz from 0"},
+    {"without a stop", "UMC", "19000001/32 3200007D/32 47000001/32 00000064/32"_w, "1001.25 MHz from 0"},
+    {"without a crystal", "UMC", kSetUmc, "no reference", 0},
 
     {"fresh from power-on", "ADF4113", Words{},
      "R register never loaded; N register never loaded; function register never loaded"},

@@ -1,6 +1,7 @@
 // Scripts that are played in the windows one after the other.
 #include <gtest/gtest.h>
 
+#include <QElapsedTimer>
 #include <memory>
 #include <string>
 
@@ -41,25 +42,29 @@ TEST(ScriptPlayer, PlaysOneBehindTheOtherAsEachStands) {
   } plays[] = {
       {"click ContinueCommand\npick ADF4113\nat 20 click Nothing\n", ScriptEnd::refused,
        "1 2 3 ! t:3: there is no control \"Nothing\"\n"},
-      {"at 1 show Check1\nat 9000 show Label4\nat 5 click Text27\nwait 30\nshow Label4\n", ScriptEnd::refused,
+      {"at 1 show Check1\nat 60 show Label4\nat 5 click Text27\nwait 30\nshow Label4\n", ScriptEnd::refused,
        "1 2 3 4 Check1\t1\n! t:3: Text27 is not visible\n"},
       {tuned + "board fault none\nexpect VCOText 9\nat 10 show RefText\nwait 5\nshow VCOText\nwait 40\n",
        ScriptEnd::expectFailed,
        "1 2 3 4 5 6 latch\t000000111000000010010010\nlatch\t000000000000000011001000\n"
        "latch\t000000100011001000010001\n7 8 ! t:8: VCOText is \"900\", not \"9\"\n"
        "9 10 11 VCOText\t900\n12 RefText\t10\n"},
-      {"set PrescalarText 0\nclick AllCommand\nclick AllCommand\nshow Label4\nshow VCOText\n",
+      {"set PrescalarText 0\nclick AllCommand\nclick AllCommand\nat 10 show Label4\nwait 60000\nshow "
+       "VCOText\n",
        ScriptEnd::done,
        "1 2 message\tplain\tTessarine\tPls. set Prescalar\nwhy\n"
-       "3 message\tplain\tTessarine\tPls. set Prescalar\n4 Label4\tStep Resolution:\n"},
+       "3 message\tplain\tTessarine\tPls. set Prescalar\n4 5 Label4\tStep Resolution:\n"},
       {"click ACommand\nclick Command1\nset BrowseForm.Text2 x\nclick BrowseForm.Command2\nshow VCOText\n",
        ScriptEnd::done, "1 2 3 4 5 VCOText\t900\n"},
   };
+  QElapsedTimer watch;
+  watch.start();
   for (const auto& [script, end, said] : plays) {
     Played played;
     EXPECT_EQ(player.play(script, "t", played), end) << script;
     EXPECT_EQ(played.said, said) << script;
   }
+  EXPECT_LT(watch.elapsed(), 30'000) << "a wait ends where it is stopped, at the time of what stops it";
 }
 
 }  // namespace

@@ -70,7 +70,9 @@ TEST(ADF4193Commands, InitializationSendsThePowerUpAndFullLoadsRepeatIt) {
 TEST(ADF4193Commands, PhaseLoadIsRememberedOnTheParallelPortAlone) {
   for (const int wayOut : {0, 1}) {
     ADF4193Bench bench(wayOut);
+    bench.host.usb.lockPin = 1;
     bench.click("Command14(0)");
+    EXPECT_EQ(bench.value("LDLabel"), wayOut == 0 ? "Lock Detect Off" : "Lock Detect On");
     bench.window.Text36(1).Text = "10";
     EXPECT_EQ(bench.sentBy("Command14(2)"), "52/16"_w);
     EXPECT_EQ(bench.sentBy("Command14(0)"), wayOut == 0 ? Words{} : "52/16"_w);

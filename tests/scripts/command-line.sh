@@ -126,7 +126,7 @@ done
 check "a style of $program" 2 '' 'usage: *"-s" is no option*' "$program" -style x
 shift
 for each; do
-  check "no display for $each" 69 '' 'No window can be opened: *' env -u DISPLAY -u WAYLAND_DISPLAY "$each"
+  check "no display for $each" 69 '' 'No window can be opened: This application failed*' env -u DISPLAY -u WAYLAND_DISPLAY "$each"
   check "the toolkit's options of $each" 0 "${each##*/} *" '' \
     env -u DISPLAY -u WAYLAND_DISPLAY "$each" -platform none --style=fusion --version
   check "a file of $each" 2 '' '*: --version cannot be read' env -u DISPLAY -u WAYLAND_DISPLAY "$each" -- --version
