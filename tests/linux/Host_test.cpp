@@ -47,7 +47,10 @@ TEST(LinuxHost, StartsThePortDriverHiddenAndWithoutWaiting) {
 
   EXPECT_THROW(LinuxHost({"/nowhere"}).startPortDriver(), Fault);
   EXPECT_THROW(host.startProgram("/nowhere"), Fault);
+  const auto open = [] { return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {}); };
+  const auto before = open();
   EXPECT_NO_THROW(host.startProgram("/bin/true"));
+  EXPECT_EQ(open(), before);
 }
 
 TEST(LinuxHost, DrivesAreTheRootAndTheMountedVolumes) {

@@ -11,6 +11,7 @@
 #include <optional>
 #include <string>
 
+#include "platform/linux/LinuxSockets.h"
 #include "support/TempFile.h"
 
 namespace tessarine {
@@ -43,6 +44,11 @@ TEST(SystemKernel, ReadsWritesLocksAndLists) {
   EXPECT_EQ(kernel.linkOf("/proc/self"), std::to_string(::getpid()));
   EXPECT_EQ(kernel.linkOf(file.path()), std::nullopt);
   EXPECT_EQ(kernel.isRoot(), ::geteuid() == 0);
+}
+
+TEST(Sockets, TellTheirAddressAsItIsTyped) {
+  EXPECT_TRUE(listenOn({}, "0").listener->address().starts_with("127.0.0.1:"));
+  EXPECT_TRUE(listenOn("::1", "0").listener->address().starts_with("[::1]:"));
 }
 
 }  // namespace

@@ -194,6 +194,7 @@ TEST_F(Usb, UnpluggingAndAShortTransferAreFaultsAndTheNextCommandOpensAnew) {
   (void)module.taken();
   shift("1");
   EXPECT_EQ(module.taken().front(), "B open 1 4");
+  (void)host.usb.UsbReadPin("A3");
   module.unplugged = true;
   EXPECT_NE(faultOf([&] { host.usb.UsbReadPin("A3"); }), "no fault");
   EXPECT_NE(faultOf([&] { host.usb.UsbWritePort("B", 0); }), "no fault");

@@ -108,52 +108,6 @@ TEST(Protocol, RunsHopsAndSweepsBesideTheRest) {
   }
 }
 
-TEST(Protocol, AsksToBeServedInTheWaitsOfACommand) {
-  TunedBench bench;
-  bench.screen.source = nullptr;  // as where a toolkit's loop has to be asked
-  bool isAsked = false;
-  bench.server.woken = [&] { isAsked = true; };
-  bench.screen.at(50, [&] {
-    EXPECT_TRUE(std::exchange(isAsked, false));
-    bench.server.serve();
-  });
-  const auto other = bench.connect();
-  other->toProgram = "MOD?\n";
-  bench.client->toProgram = "HOP:INIT\n";  // the first of the two
-  bench.screen.at(60, [&] { EXPECT_EQ(std::exchange(other->toClient, {}), "\"ADF4113\"\n"); });
-  bench.server.serve();
-  bench.screen.at(50, [&] { EXPECT_TRUE(isAsked); });
-  bench.client->toProgram = "HOP:INIT;STAT?\n";
-  bench.server.serve();
-}
-
-TEST(Protocol, HasCommandsWaitForThoseOfOthersThatAreUnderWay) {
-  TunedBench bench;
-  const auto other = bench.connect();
-  bench.sayAt(10, *other, "FREQ?\nSWE:FREQ:STAR 901MHZ;STAR?\nMOD 'LMX2306';MOD?");
-  bench.screen.at(20, [&] {
-    EXPECT_EQ(other->toClient, "900000000\n");
-    EXPECT_FALSE(bench.server.hasWork()) << "it would be begun over and over";
-  });
-  EXPECT_EQ(bench.say("*RST;MOD?"), "\"\"\n");
-  EXPECT_EQ(other->toClient, "900000000\n901000000\n\"LMX2306\"\n");
-}
-
-TEST(Protocol, GivesTheMessagesOfActionsToWhoseTheyAre) {
-  TunedBench bench;
-  bench.say("PRES '0';LOAD");
-  EXPECT_EQ(bench.say("*ESR?;SYST:ERR?;ERR?"), "16;-200,\"Execution error;Pls. set Prescalar\";" + kNoError);
-  EXPECT_TRUE(bench.screen.messages.empty());
-  // The operator's own within a client's hop shows.
-  bench.screen.at(50, [&] { bench.program.door.click(*bench.program.forms.find("AllCommand")); });
-  bench.screen.at(60, [&] { bench.program.door.click(*bench.program.forms.find("CalculateCommand")); });
-  const auto other = bench.connect();
-  bench.sayAt(40, *other, "PRES '0';:CONT:CLIC 'Gen1'");
-  bench.say("PRES '8/9';:HOP:INIT;*OPC?");
-  EXPECT_EQ(bench.screen.messages.size(), 2U);
-  EXPECT_EQ(bench.say(*other, "SYST:ERR?"), kNoError);
-}
-
 TEST(Protocol, GoesOnWhenAWindowIsOpen) {
   TunedBench bench;
   std::string within;

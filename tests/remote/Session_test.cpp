@@ -141,7 +141,7 @@ TEST(Session, GoesOnBesideAnOperator) {
       act();
     }
   }
-  expectSum("beside", all, 1990190362);
+  expectSum("beside", all, 2042529213);
 }
 
 }  // namespace

@@ -127,6 +127,13 @@ TEST(Interpreter, LinesOperateAModalWindowUntilItCloses) {
   }
 }
 
+TEST(Interpreter, TellsWhatBelongsToAMessageBehindIt) {
+  ScriptBench bench;
+  bench.screen.afterMessage = [&bench] { bench.out << "why\n"; };
+  EXPECT_EQ(bench.run(lines(kTuned + "set PrescalarText 0; click AllCommand")),
+            "message\tplain\tTessarine\tPls. set Prescalar\nwhy\n");
+}
+
 TEST(Interpreter, PrintsTheWholeTree) {
   const std::string tree = ScriptBench().run("controls\n");
   for (const std::string part :

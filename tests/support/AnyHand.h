@@ -32,7 +32,7 @@ inline std::string actAtRandom(Program& program, std::mt19937& random, bool last
   // The menus of models and modes work on the first screen as well, and look like nothing that comes later.
   const bool isTooEarly =
       program.window.Picture1.Visible && (isOfModels || control->container() == &program.window.Mode1);
-  if (name.starts_with("Exit1") || isTooEarly || (isOfModels && random() % 8 != 0)) return {};
+  if (name.starts_with("Exit1") || isTooEarly || (isOfModels && random() % 3 != 0)) return {};
   if (!lasting && (name.starts_with("StartHop") || name.starts_with("StartSweep"))) return {};
 
   const bool isFrequency = name == "VCOText" || name.ends_with("Text1") || name.ends_with("Text2");
