@@ -65,6 +65,7 @@ TEST(ScriptPlayer, PlaysOneBehindTheOtherAsEachStands) {
     EXPECT_EQ(played.said, said) << script;
   }
   EXPECT_LT(watch.elapsed(), 30'000) << "a wait ends where it is stopped, at the time of what stops it";
+  desktop.detach();
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <csignal>
 #include <filesystem>
 #include <iostream>
+#include <iterator>
 #include <thread>
 
 #include "linux/FakeKernel.h"
