@@ -43,12 +43,12 @@ TEST(WireTrace, SavesAsAValueChangeDump) {
 
 TEST(WireTrace, FindsTheChangesOfAStretchOfTime) {
   WireTrace trace(4);
-  for (int time = 0; time < 60; time += 10) trace.record(time, {.clock = time % 20 == 10});
-  EXPECT_EQ(trace[0].time, 20);
-  for (const auto& [time, count] : {std::pair{0, 0U}, {30, 1U}, {31, 2U}, {1000, 4U}})
+  for (int time = 0; time < 120; time += 10) trace.record(time, {.clock = time % 20 == 10});
+  EXPECT_EQ(trace[0].time, 80);
+  for (const auto& [time, count] : {std::pair{0, 0U}, {90, 1U}, {91, 2U}, {1000, 4U}})
     EXPECT_EQ(trace.countBefore(time), count) << time;
-  trace.record(100, {.clock = true});  // no change
-  EXPECT_EQ(trace[3].time, 50);
+  trace.record(150, {.clock = true});  // no change
+  EXPECT_EQ(trace[3].time, 110);
 }
 
 TEST(EvaluationBoard, RecordsTheFrequencyOnlyWhenItChanges) {

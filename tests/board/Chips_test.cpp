@@ -9,6 +9,7 @@
 
 #include "board/BoardBench.h"
 #include "board/NumberText.h"
+#include "support/Sum.h"
 
 namespace tessarine::board {
 namespace {
@@ -139,9 +140,11 @@ const struct {
 };
 
 TEST(Chips, TuneAndLockToWordsClockedInOrTellWhyNot) {
+  std::string described;
   for (const auto& c : kWords) {
     BoardBench bench(c.chip, c.referenceMHz);
     bench.load(c.words);
+    described += bench.port.describe();
     const Tuning& tuning = bench.tuning();
     std::string text = tuning.reason();
     if (tuning.locked())
@@ -152,6 +155,7 @@ TEST(Chips, TuneAndLockToWordsClockedInOrTellWhyNot) {
     EXPECT_EQ(text, c.text) << c.chip << ": " << c.what;
     EXPECT_EQ(bench.port.UsbReadPort("A"), pin ? 8 : 0);
   }
+  expectSum("described", described, 1275212872);
 }
 
 TEST(Chips, LoseTheirRegistersOnlyWhenTheChipChanges) {

@@ -240,7 +240,7 @@ TEST_F(Binding, PaintsTheStatesOfItsWidgetsAsTheyWereLookedOver) {
   paint();
   for (Control* const control : form.controls()) control->Enabled = false;
   paint();
-  expectSum("states", all, 2753175473);
+  expectSum("states", all, 3335880450);
 }
 
 TEST_F(Binding, AFlippedBitRepaintsItselfAlone) {

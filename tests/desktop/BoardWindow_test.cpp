@@ -11,6 +11,7 @@
 #include <QTreeWidget>
 #include <csignal>
 #include <set>
+#include <span>
 #include <sstream>
 
 #include "desktop/Bench.h"
@@ -95,6 +96,12 @@ TEST(WireView, TheCursorTellsTimeAndLevelsFromChangeToChange) {
     EXPECT_EQ(QString::fromStdString(told).count(QLatin1String("   ") + QLatin1String(field) + '\n'), edges);
   QTest::keyClick(plot, Qt::Key_Left, Qt::ShiftModifier);
   EXPECT_EQ(plot->cursorTime(), stretch.changes[stretch.changes.size() - 2].time);
+  const TextCanvas drawn(*plot);
+  for (const QPointF& dot : std::span(drawn.notes.dots).last(3))
+    EXPECT_TRUE(std::ranges::any_of(drawn.notes.fills, [&](const auto& fill) {
+      const QRectF& box = fill.second;
+      return std::min(box.width(), box.height()) < 4 && box.adjusted(-1, -1, 1, 1).contains(dot);
+    })) << dot.y();
 }
 
 TEST(WireView, ShowsAndSavesTheLastLoadOfTheChipThatIsThere) {
@@ -213,6 +220,9 @@ TEST(FrequencyView, KeepsAHopAndASweepAndSavesThem) {
     desk.host.clock.elapsed += pause;
   }
   desk.click("AllCommand");
+  desk.settle();
+  plot->setCursorPlace(plot->span().to());
+  EXPECT_THAT(desk.text("frequencyCursor"), EndsWith("900.000000 MHz   not locked"));
   FrequencyPlot large(desk.port.board());
   large.resize(2000, 4000);
   large.refresh();

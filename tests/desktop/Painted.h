@@ -1,9 +1,12 @@
 // What a widget writes when it paints itself: each text with the colour of its pen, and what it fills.
 #pragma once
 
+#include <QApplication>
+#include <QFont>
 #include <QImage>
 #include <QPaintEngine>
 #include <QPainter>
+#include <QPainterPath>
 #include <QPen>
 #include <QWidget>
 #include <span>
@@ -23,7 +26,10 @@ class TextNotes : public QPaintEngine {
   [[nodiscard]] Type type() const override { return User; }
   void updateState(const QPaintEngineState&) override {}
   void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
-  void drawPath(const QPainterPath&) override { mark("path"); }
+  void drawPath(const QPainterPath& path) override {
+    mark("path");
+    if (path.boundingRect().width() == 5) dots.push_back(path.boundingRect().center());
+  }
   void drawRects(const QRectF* boxes, int count) override {
     for (const QRectF& box : std::span(boxes, static_cast<std::size_t>(count))) {
       constexpr int kThin = 16;
@@ -34,7 +40,9 @@ class TextNotes : public QPaintEngine {
   void drawPolygon(const QPointF*, int, PolygonDrawMode) override { mark("polygon"); }
   void drawTextItem(const QPointF& at, const QTextItem& item) override {
     if (item.text().isEmpty()) return;
-    mark(item.text().toStdString());
+    const QFont font = item.font();
+    mark(item.text().toStdString() + (font.bold() ? " bold " : " ") +
+         std::to_string(qRound(20 * font.pointSizeF() / QApplication::font().pointSizeF())));
     texts.emplace_back(item.text().toStdString(), painter()->pen().color().name().toStdString());
     const QRectF box(at.x(), at.y() - item.ascent(), item.width(), item.ascent() + item.descent());
     places.push_back(painter()->combinedTransform().mapRect(box));
@@ -50,6 +58,7 @@ class TextNotes : public QPaintEngine {
   }
   std::string marks;
   std::vector<std::pair<std::string, QRectF>> fills;
+  std::vector<QPointF> dots;
   std::vector<QRectF> places;  // of each text
   QRectF room;
   bool isElided = false;

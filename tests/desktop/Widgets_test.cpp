@@ -52,6 +52,7 @@ QString setup(const QWidget& widget) {
   const auto* const view = qobject_cast<const QAbstractItemView*>(&widget);
   if (view && widget.objectName() != "Dir1") {  // which shows where this stands
     const QAbstractItemModel& rows = *view->model();
+    line += QString::number(view->currentIndex().row());
     for (const QModelIndex& row :
          rows.match(rows.index(0, 0), Qt::DisplayRole, "*", -1, Qt::MatchWildcard | Qt::MatchRecursive))
       for (int column = 0; column < rows.columnCount(row.parent()); ++column) {
@@ -70,7 +71,13 @@ QString setup(const QWidget& widget) {
                     .arg(widget.style()->styleHint(QStyle::SH_ComboBox_Popup, nullptr, &widget));
 }
 
-std::string setups(const QWidget& window) {
+// The focus comes and goes with the window manager.
+QString painted(QWidget& widget) {
+  static const QRegularExpression focusFrame(QStringLiteral("path #(12717f|ffffff)1#000000\n"));
+  return QString::fromStdString(TextCanvas(widget).notes.marks).remove(focusFrame);
+}
+
+std::string setups(QWidget& window) {
   QString text = setup(window);
   for (const QWidget* const part : window.findChildren<QWidget*>()) {
     if (part->objectName().startsWith("qt_") || part->inherits("QToolButton")) continue;  // not ours
@@ -83,6 +90,7 @@ std::string setups(const QWidget& window) {
       text += QStringLiteral("\n%1 %2 %3")
                   .arg(entry->text(), entry->shortcut().toString())
                   .arg(entry->isEnabled());
+  if (!window.findChild<QWidget*>("Dir1")) text += '\n' + painted(window);
   return text.toStdString() + "\n\n";
 }
 
@@ -94,6 +102,9 @@ TEST(Widgets, AreSetUpAsTheyWereLookedOver) {
   {
     Bench bench;
     bench.start();
+    const QImage icon = bench.window().windowIcon().pixmap(64).toImage();
+    for (const QPoint& at : {QPoint(32, 58), {14, 49}, {26, 49}, {25, 45}, {14, 12}, {14, 20}})
+      all += icon.pixelColor(at).name().toStdString() + '\n';
     all += setups(bench.window());
     const auto noteWhatOpens = [&] {
       bench.later(100, [&] {
@@ -145,7 +156,7 @@ TEST(Widgets, AreSetUpAsTheyWereLookedOver) {
     desk.typed(megahertz, step);
     all += setups(desk.window);
   }
-  expectSum("widgets", QString::fromStdString(all).remove(folder.path()).toStdString(), 3216728605);
+  expectSum("widgets", QString::fromStdString(all).remove(folder.path()).toStdString(), 58696743);
 }
 
 // Hands that do anything with the mouse and the keyboard, in all windows.
@@ -176,7 +187,10 @@ struct AnyHands : BoardDesk {
   }
   QWidget& oneOf(const std::vector<QWidget*>& widgets) {
     QWidget* one = nullptr;
-    for (int i = 0; i < 8 && (!one || (one->focusPolicy() & Qt::TabFocus) == 0); ++i)
+    const QWidget* const modal = QApplication::activeModalWidget();  // which blocks the others
+    for (int i = 0;
+         i < 8 && (!one || (one->focusPolicy() & Qt::TabFocus) == 0 || (modal && one->window() != modal));
+         ++i)
       one = widgets[random() % widgets.size()];
     return *one;
   }
@@ -237,11 +251,8 @@ struct AnyHands : BoardDesk {
           did += key(widget);
     }
     settle();
-    // The focus comes and goes with the window manager.
-    static const QRegularExpression focusFrame(QStringLiteral("path #(12717f|ffffff)1#000000\n"));
     const bool isFilledIn = dynamic_cast<QLineEdit*>(&widget) || dynamic_cast<QComboBox*>(&widget);
-    if (&top != &window && top.isVisible() && !isFilledIn)
-      did += '\n' + QString::fromStdString(TextCanvas(widget).notes.marks).remove(focusFrame).toStdString();
+    if (&top != &window && top.isVisible() && !isFilledIn) did += '\n' + painted(widget).toStdString();
     note("> " + did);
   }
   void note(const std::string& done) {
@@ -268,7 +279,7 @@ TEST(Widgets, DoAsTheyDid) {
     all += QString::fromStdString(hands.log).remove(hands.folder.path()).toStdString();
   }
   std::filesystem::current_path(before);
-  expectSum("hands", all, 1198091472);
+  expectSum("hands", all, 3946342066);
 }
 
 }  // namespace

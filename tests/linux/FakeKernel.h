@@ -4,6 +4,7 @@
 
 #include <gmock/gmock.h>
 #include <linux/ppdev.h>
+#include <sys/file.h>
 #include <sys/ioctl.h>
 
 #include <algorithm>
@@ -86,7 +87,9 @@ class FakeKernel : public Kernel {
     record("close", 0);
     open_.erase(descriptor);
   }
-  int flock(int, int) override { return record("flock", flockResult); }
+  int flock(int, int operation) override {
+    return record(operation == (LOCK_EX | LOCK_NB) ? "flock" : "another flock", flockResult);
+  }
   int ioctl(int descriptor, unsigned long request, void* argument) override {
     static const std::map<unsigned long, const char*> kNames = {
         {PPEXCL, "PPEXCL"},         {PPCLAIM, "PPCLAIM"},    {PPRELEASE, "PPRELEASE"},

@@ -219,7 +219,9 @@ TEST(GpioWiresFile, SaysWhichLineIsWhichOrWhatIsWrongWithIt) {
            {three + "clock C\n", ", line 4: clock stands there twice"},
            {three + "lock A\n", ", line 4: \"A\" stands there twice"},
            {three + "lock # L\n", ", line 4: lock names no line"},
+           {std::string("data A\nload C\n"), " leaves out clock"},
            {std::string("clock A\nload C\n"), " leaves out data"},
+           {std::string("clock A\ndata C\n"), " leaves out load"},
        }) {
     const TempFile file(text);
     std::string got;

@@ -3,13 +3,17 @@
 
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <netinet/in.h>
+#include <netinet/tcp.h>
 #include <sys/file.h>
+#include <sys/socket.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <optional>
 #include <string>
+#include <tuple>
 
 #include "platform/linux/LinuxSockets.h"
 #include "support/TempFile.h"
@@ -46,9 +50,30 @@ TEST(SystemKernel, ReadsWritesLocksAndLists) {
   EXPECT_EQ(kernel.isRoot(), ::geteuid() == 0);
 }
 
-TEST(Sockets, TellTheirAddressAsItIsTyped) {
-  EXPECT_TRUE(listenOn({}, "0").listener->address().starts_with("127.0.0.1:"));
+TEST(Sockets, TellTheirAddressAsItIsTypedAndWhoIsAliveBehindThem) {
+  const Listening ours = listenOn({}, "0");
+  EXPECT_TRUE(ours.listener->address().starts_with("127.0.0.1:"));
   EXPECT_TRUE(listenOn("::1", "0").listener->address().starts_with("[::1]:"));
+  EXPECT_TRUE(ours.isLoopback && listenOn("::1", "0").isLoopback);
+  EXPECT_FALSE(listenOn("0.0.0.0", "0").isLoopback || listenOn("::", "0").isLoopback);
+  sockaddr_in place{};
+  socklen_t size = sizeof place;
+  ::getsockname(ours.listener->descriptor(), reinterpret_cast<sockaddr*>(&place), &size);
+  const int client = ::socket(AF_INET, SOCK_STREAM, 0);
+  ASSERT_EQ(::connect(client, reinterpret_cast<const sockaddr*>(&place), size), 0);
+  const auto connection = ours.listener->accept();
+  const std::tuple<int, int, int> options[] = {{SOL_SOCKET, SO_KEEPALIVE, 1},
+                                               {IPPROTO_TCP, TCP_NODELAY, 1},
+                                               {IPPROTO_TCP, TCP_KEEPIDLE, 60},
+                                               {IPPROTO_TCP, TCP_KEEPINTVL, 20},
+                                               {IPPROTO_TCP, TCP_KEEPCNT, 3}};
+  for (const auto& [level, name, wanted] : options) {
+    int value = 0;
+    socklen_t length = sizeof value;
+    ::getsockopt(connection->descriptor(), level, name, &value, &length);
+    EXPECT_EQ(value, wanted) << name;
+  }
+  ::close(client);
 }
 
 }  // namespace

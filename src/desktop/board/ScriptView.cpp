@@ -159,7 +159,6 @@ void ScriptView::run(const QString& path) {
   script_ = QString::fromUtf8(bytes);
   scriptName_ = QFileInfo(path).fileName();
   printed_.clear();
-  complaint_.clear();
   line_ = 0;
   stopped_ = false;
   running_ = true;
