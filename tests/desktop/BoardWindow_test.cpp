@@ -301,6 +301,10 @@ TEST(BoardWindow, F12ShowsAndHidesItWithoutTakingTheKeyboard) {
   desk.window.show();
   QTest::keyClick(desk.find("registers"), Qt::Key_F12);
   EXPECT_FALSE(desk.window.isVisible()) << "its own keys count as well";
+  desk.window.showMinimized();
+  EXPECT_TRUE(comesTrue([&] { return desk.window.isMinimized(); }));
+  QTest::keyClick(&other, Qt::Key_F12);
+  EXPECT_FALSE(desk.window.isMinimized());
 
   desk.window.show();
   other.setGeometry(desk.window.geometry());

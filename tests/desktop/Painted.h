@@ -27,13 +27,16 @@ class TextNotes : public QPaintEngine {
   void updateState(const QPaintEngineState&) override {}
   void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
   void drawPath(const QPainterPath& path) override {
-    mark("path");
+    mark("path", path.boundingRect().center());
     if (path.boundingRect().width() == 5) dots.push_back(path.boundingRect().center());
   }
   void drawRects(const QRectF* boxes, int count) override {
     for (const QRectF& box : std::span(boxes, static_cast<std::size_t>(count))) {
       constexpr int kThin = 16;
-      mark(box.width() > kThin * box.height() ? "line" : box.height() > kThin * box.width() ? "edge" : "box");
+      mark(box.width() > kThin * box.height()   ? "line"
+           : box.height() > kThin * box.width() ? "edge"
+                                                : "box",
+           box.center());
       fills.emplace_back(painter()->brush().color().name().toStdString(), box);
     }
   }
@@ -42,7 +45,8 @@ class TextNotes : public QPaintEngine {
     if (item.text().isEmpty()) return;
     const QFont font = item.font();
     mark(item.text().toStdString() + (font.bold() ? " bold " : " ") +
-         std::to_string(qRound(20 * font.pointSizeF() / QApplication::font().pointSizeF())));
+             std::to_string(qRound(20 * font.pointSizeF() / QApplication::font().pointSizeF())),
+         at);
     texts.emplace_back(item.text().toStdString(), painter()->pen().color().name().toStdString());
     const QRectF box(at.x(), at.y() - item.ascent(), item.width(), item.ascent() + item.descent());
     places.push_back(painter()->combinedTransform().mapRect(box));
@@ -50,13 +54,18 @@ class TextNotes : public QPaintEngine {
     if (item.text().contains(QChar(0x2026))) isElided = true;
   }
   PaintedTexts texts;
-  // What is drawn with which pen and brush, wherever it is.
-  void mark(const std::string& what) {
+  // What is drawn with which pen and brush, wherever it is; and where it is as seen from the one before.
+  void mark(const std::string& what, QPointF at = {}) {
     const auto [pen, brush] = std::pair(painter()->pen(), painter()->brush());
     marks += what + ' ' + pen.color().name().toStdString() + std::to_string(pen.style()) +
              brush.color().name().toStdString() + '\n';
+    at = painter()->combinedTransform().map(at);
+    const auto turn = [](double way) { return way > 6 ? '+' : way < -6 ? '-' : '0'; };
+    turns += what + ' ' + turn(at.x() - last.x()) + turn(at.y() - last.y()) + '\n';
+    last = at;
   }
-  std::string marks;
+  std::string marks, turns;
+  QPointF last;
   std::vector<std::pair<std::string, QRectF>> fills;
   std::vector<QPointF> dots;
   std::vector<QRectF> places;  // of each text

@@ -98,6 +98,8 @@ TEST_F(ScriptPage, RunsAScriptThatCanBeStoppedAndShowsItsLine) {
     view.run(path);  // one at a time
     press("stopScript");
     EXPECT_TRUE(run.isStopped());
+    EXPECT_EQ(status(), "x.script stops: line 2 is still at work");
+    EXPECT_EQ(view.focusWidget(), &find<QWidget>("scriptText"));
     return ScriptEnd::done;
   };
   press("runScript");

@@ -4,6 +4,7 @@
 #include <QAction>
 #include <QCursor>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QRegularExpression>
 #include <QScreen>
 #include <QStyle>
@@ -20,6 +21,7 @@
 #include "desktop/Bench.h"
 #include "desktop/BoardDesk.h"
 #include "desktop/Painted.h"
+#include "desktop/board/FrequencyPlot.h"
 #include "desktop/board/Saving.h"
 #include "support/Sum.h"
 
@@ -46,6 +48,15 @@ QString setup(const QWidget& widget) {
     if (name == "toolTip" && value == widget.property("text"))
       continue;  // of a text that is cut in this font
     if (!text.isEmpty() && text != "0") line += QStringLiteral(" %1=%2").arg(name, text);
+  }
+  if (widget.isWindow() && widget.parentWidget()) line += " of " + widget.parentWidget()->objectName();
+  if (const auto* const box = qobject_cast<const QMessageBox*>(&widget)) {
+    const QFontMetrics metrics = box->fontMetrics();
+    const QSize button = box->buttons()[0]->minimumSize();
+    line += QStringLiteral(" %1 from %2 x %3")
+                .arg(objectIn<QWidget>(*box, "qt_msgbox_label")->minimumWidth() != 0)
+                .arg(button.width() / metrics.averageCharWidth())
+                .arg(button.height() / metrics.height());
   }
   if (const auto* const box = qobject_cast<const QComboBox*>(&widget))
     for (int i = 0; i < box->count(); ++i) line += '|' + box->itemText(i);
@@ -96,6 +107,9 @@ std::string setups(QWidget& window) {
 
 TEST(Widgets, AreSetUpAsTheyWereLookedOver) {
   std::string all;
+  const QFont usual = QApplication::font();
+  QFont large = usual;
+  large.setPointSizeF(1.3 * usual.pointSizeF());
   const auto before = std::filesystem::current_path();
   const QTemporaryDir folder;
   std::filesystem::current_path(folder.path().toStdString());
@@ -133,12 +147,25 @@ TEST(Widgets, AreSetUpAsTheyWereLookedOver) {
       noteWhatOpens();
       (void)ask(bench.window(), {"title", "suggested.csv", "filter (*.csv)", "csv"});
     }
+    bench.form.Caption = "another";
+    bench.form.Enabled = false;
+    QApplication::setFont(large);
+    all += setups(bench.window());
   }
   std::filesystem::current_path(before);
+  QApplication::setFont(usual);
   BoardDesk desk;
   WirePlot wires;
   wires.resize(32'000, 500);
-  for (const char* const load : {"", "900.3", "900.1"}) {
+  FrequencyPlot plot(desk.port.board());
+  plot.resize(2000, 400);
+  const auto add = [&](PlotWidget& drawn, double part) {
+    drawn.setCursorPlace(drawn.span().from() + part * drawn.span().length());
+    const TextCanvas canvas(drawn);
+    all += canvas.notes.marks + canvas.notes.turns;
+  };
+  for (const char* const load : {"", "900.3", "900.1", "900.5"}) {
+    if (std::string(load) == "900.5") desk.port.setFault(board::BoardFault::noLe);
     if (*load) desk.load(load);
     for (const View view : {kRegisters, kWire, kFrequency, kScript, kChip}) {
       desk.show(view);
@@ -149,14 +176,25 @@ TEST(Widgets, AreSetUpAsTheyWereLookedOver) {
     wires.take(lastStretch(desk.port.board()));
     for (const double part : {1.0, 0.4}) {
       wires.span().zoom(part, 0.6 * wires.span().to());
-      all += TextCanvas(wires).notes.marks;
+      add(wires, 0.3);
     }
+    for (const auto& change : wires.stretch().changes) all += std::to_string(change.time) + ' ';
+    for (const board::LoadedWord& word : wires.stretch().words)
+      all += word.bits + ' ' + std::to_string(word.latchTime) + '\n';
+    all += std::to_string(wires.stretch().end);
+    plot.refresh();
+    add(plot, 0.7);
   }
   for (const auto& [megahertz, step] : {std::pair(900.07, 200), {900.07, 10}, {4200, 30}, {900.07, 0}}) {
     desk.typed(megahertz, step);
     all += setups(desk.window);
   }
-  expectSum("widgets", QString::fromStdString(all).remove(folder.path()).toStdString(), 58696743);
+  desk.show(kRegisters);
+  QApplication::setFont(large);
+  desk.settle();
+  all += setups(*desk.find("registers"));
+  QApplication::setFont(usual);
+  expectSum("widgets", QString::fromStdString(all).remove(folder.path()).toStdString(), 2517226208);
 }
 
 // Hands that do anything with the mouse and the keyboard, in all windows.
@@ -197,9 +235,10 @@ struct AnyHands : BoardDesk {
   // To where it leads.
   std::string key(QWidget& widget) {
     static const QKeySequence kKeys[] = {
-        Qt::Key_Tab,  Qt::Key_Backtab, Qt::Key_Return, Qt::Key_Escape, Qt::Key_Up,   Qt::Key_Down,
-        Qt::Key_Left, Qt::Key_Right,   Qt::Key_Home,   Qt::Key_End,    Qt::Key_1,    Qt::Key_5,
-        Qt::Key_0,    Qt::Key_Period,  Qt::Key_Space,  Qt::Key_Plus,   Qt::Key_Minus};
+        Qt::Key_Tab,    Qt::Key_Backtab,   Qt::Key_Return,     Qt::Key_Escape, Qt::Key_Up,    Qt::Key_Down,
+        Qt::Key_Left,   Qt::Key_Right,     Qt::Key_Home,       Qt::Key_End,    Qt::Key_1,     Qt::Key_5,
+        Qt::Key_0,      Qt::Key_Period,    Qt::Key_Space,      Qt::Key_Plus,   Qt::Key_Minus, Qt::Key_Enter,
+        Qt::Key_Delete, Qt::Key_Backspace, Qt::ALT | Qt::Key_L};
     QWidget& top = *widget.window();
     std::string did;
     for (int i = 0; i < 3 && top.isVisible(); ++i) {
@@ -279,7 +318,7 @@ TEST(Widgets, DoAsTheyDid) {
     all += QString::fromStdString(hands.log).remove(hands.folder.path()).toStdString();
   }
   std::filesystem::current_path(before);
-  expectSum("hands", all, 3946342066);
+  expectSum("hands", all, 2860191166);
 }
 
 }  // namespace

@@ -23,6 +23,7 @@ struct GpioKernel : FakeKernel {
   double changeTakes = 0;
   int result = 0;  // of whatever changes a line
   int takeResult = 0;
+  std::string failing;  // only the chip with this line first, if any
   int infoResult = 0;
   std::set<int> requested;  // descriptors
 
@@ -32,7 +33,7 @@ struct GpioKernel : FakeKernel {
   }
   int open(const std::string& path, int flags) override {
     const int descriptor = FakeKernel::open(path, flags);
-    if (descriptor >= 0) lines_[descriptor] = chips[path];
+    if (descriptor >= 0 && chips.contains(path)) lines_[descriptor] = chips[path];
     return descriptor;
   }
   void close(int descriptor) override {
@@ -40,6 +41,7 @@ struct GpioKernel : FakeKernel {
     if (requested.erase(descriptor) != 0) calls.emplace_back("give back");
   }
   int ioctl(int descriptor, unsigned long request, void* argument) override {
+    if (!lines_.contains(descriptor)) return -ENOTTY;
     const std::vector<std::string>& lines = lines_[descriptor];
     if (request == GPIO_GET_CHIPINFO_IOCTL) {
       static_cast<gpiochip_info*>(argument)->lines = static_cast<std::uint32_t>(lines.size());
@@ -51,12 +53,14 @@ struct GpioKernel : FakeKernel {
       info.flags = GPIO_V2_LINE_FLAG_USED;
       std::strncpy(info.consumer, holders[lines[info.offset]].c_str(), sizeof info.consumer - 1);
     } else if (request == GPIO_V2_GET_LINE_IOCTL) {
-      if (takeResult < 0) return takeResult;
+      if (takeResult == -EBUSY) holders["GPIO17"] = "spi0 CS0";  // just now
+      if (takeResult < 0 && (failing.empty() || failing == lines[0])) return takeResult;
       auto& taken = *static_cast<gpio_v2_line_request*>(argument);
       taken.fd = 100 + descriptor;
       for (std::size_t i = 0; i < taken.num_lines; ++i) lines_[taken.fd].push_back(lines[taken.offsets[i]]);
       requested.insert(taken.fd);
-      configure("take", lines_[taken.fd], taken.config);
+      configure(std::string(taken.consumer) == "tessarine" ? "take" : taken.consumer, lines_[taken.fd],
+                taken.config);
     } else if (result < 0) {
       return result;
     } else if (request == GPIO_V2_LINE_SET_CONFIG_IOCTL) {
@@ -83,9 +87,13 @@ struct GpioKernel : FakeKernel {
  private:
   void configure(std::string call, const std::vector<std::string>& lines, const gpio_v2_line_config& config) {
     for (std::size_t i = 0; i < lines.size(); ++i) {
-      const bool other = config.num_attrs != 0 && (config.attrs[0].mask >> i & 1U) != 0;
+      const bool other = config.num_attrs != 0 && (config.attrs[0].mask >> i & 1U) != 0 &&
+                         config.attrs[0].attr.id == GPIO_V2_LINE_ATTR_ID_FLAGS;
       const std::uint64_t flags = other ? config.attrs[0].attr.flags : config.flags;
-      call += " " + lines[i] + (flags == GPIO_V2_LINE_FLAG_INPUT ? ":in" : ":out");
+      call += " " + lines[i] +
+              (flags == GPIO_V2_LINE_FLAG_INPUT    ? ":in"
+               : flags == GPIO_V2_LINE_FLAG_OUTPUT ? ":out"
+                                                   : ":?");
     }
     calls.push_back(call);
   }
@@ -93,7 +101,10 @@ struct GpioKernel : FakeKernel {
 };
 
 struct Gpio : ::testing::Test {
-  Gpio() { kernel.add("gpiochip0", {"ID_SDA", "", "LOCK", "LOAD", "GPIO17", "DATA", "SIX"}); }
+  Gpio() {
+    kernel.add("gpiochip0", {"ID_SDA", "", "LOCK", "LOAD", "GPIO17", "DATA", "SIX"});
+    kernel.nodes["/dev/tty"] = 0;
+  }
   void write(unsigned value) { host.driver.DlPortWritePortUchar(0x378, static_cast<std::uint8_t>(value)); }
   std::uint8_t read() { return host.driver.DlPortReadPortUchar(0x378); }
   std::vector<std::string> taken() { return std::exchange(kernel.calls, {}); }
@@ -107,6 +118,7 @@ struct Gpio : ::testing::Test {
 TEST_F(Gpio, TheConnectorsPinsAreLinesAndThoseWithoutOneAreRemembered) {
   kernel.add("gpiochip1", kernel.chips["/dev/gpiochip0"]);
   kernel.files["/dev/gpiochip1"] = "gpiochip0";  // the same chip by another name
+  kernel.nodes["/dev/gpiochip2"] = -EACCES;      // a stranger's
   write(0);
   EXPECT_THAT(taken(), ElementsAre("take DATA:out GPIO17:out LOAD:out SIX:out LOCK:in"));
   write(0xA3);
@@ -155,6 +167,15 @@ TEST_F(Gpio, AsTheModuleTheySendAWordOnLinesOfTwoChips) {
   EXPECT_THAT(taken(),
               ElementsAre("set DATA=0 GPIO17=0", "set LOAD=0 SIX=0", "make LOAD:in SIX:out LOCK:in",
                           "make DATA:in GPIO17:in", "make LOAD:in SIX:in LOCK:in", "give back", "give back"));
+  for (int opened = 0; opened < 2; ++opened) {
+    EXPECT_EQ(host.usb.UsbReadPort("B"), 0) << "opened anew";
+    host.usb.UsbWritePort("B", 0xF9);
+    host.usb.UsbOpen(0);
+  }
+  EXPECT_EQ(std::ranges::count(taken(), "give back"), 4);
+  host.leave();
+  EXPECT_EQ(host.usb.UsbReadPin("A3"), 0);
+  EXPECT_EQ(std::ranges::count(taken(), "give back"), 2);
 }
 
 TEST_F(Gpio, EachObstacleIsNamedWithTheLineToType) {
@@ -172,8 +193,18 @@ TEST_F(Gpio, EachObstacleIsNamedWithTheLineToType) {
       {"GPIO line GPIO17 (clock) is busy: \"spi0 CS0\" holds",
        [](K& k) { k.holders["GPIO17"] = "spi0 CS0"; }},
       {"No permission for the GPIO lines", [](K& k) { k.nodes["/dev/gpiochip0"] = -EACCES; }},
+      {"No permission for the GPIO lines", [](K& k) { k.nodes["/dev/gpiochip0"] = -EPERM; }},
       {"No permission for the GPIO lines", [](K& k) { k.takeResult = -EPERM; }},
+      {"No permission for the GPIO lines",
+       [](K& k) {
+         k.add("gpiochip0", {"LOCK", "LOAD", "SIX"});
+         k.add("gpiochip1", {"DATA", "GPIO17"});  // taken first
+         k.takeResult = -EACCES;
+         k.failing = "LOCK";
+       }},
+      {"GPIO line GPIO17 (clock) is busy: \"spi0 CS0\" holds", [](K& k) { k.takeResult = -EBUSY; }},
       {"The GPIO lines of /dev/gpiochip0 cannot be used: ", [](K& k) { k.infoResult = -EINVAL; }},
+      {"The GPIO lines of /dev/gpiochip0 cannot be used: ", [](K& k) { k.infoResult = -ENOTTY; }},
       {"The GPIO chip /dev/gpiochip0 failed: ", [](K& k) { k.result = -EIO; }},
   };
   for (const auto& obstacle : obstacles) {

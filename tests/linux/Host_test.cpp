@@ -60,6 +60,7 @@ TEST(LinuxHost, DrivesAreTheRootAndTheMountedVolumes) {
                         "/dev/sda1 /boot/efi vfat rw 0 0\n"
                         "tmpfs /run/user/1000 tmpfs rw 0 0\n"
                         "/dev/loop3 /snap/core/1 squashfs ro 0 0\n"
+                        "/dev/sda5 /snap/core/2 ext4 rw 0 0\n"
                         "/dev/sdb1 /media/ann/USB\\040STICK vfat rw 0 0\n"
                         "/dev/sdb1 /media/ann/USB\\040STICK vfat rw 0 0\n"
                         "/dev/loop4 /opt/image squashfs ro 0 0\n"
@@ -76,6 +77,9 @@ TEST(LinuxHost, DrivesAreTheRootAndTheMountedVolumes) {
               ElementsAre("/", "/media/ann/USB STICK", "/run/media/ann/RAM", "/mnt/a", "/lab", "/b", "/c",
                           "/d", "/e", "/home"));
   EXPECT_THAT(LinuxHost({}, "/nowhere").drives(), ElementsAre("/"));
+  const TempFile single("");
+  const TempFile mounts("/dev/sdb /tmp vfat\n/dev/sdc " + single.path() + " vfat\n");
+  EXPECT_THAT(LinuxHost({}, mounts.path()).drives(), ElementsAre("/", "/tmp"));
 }
 
 TEST(LinuxClock, GoesOnFromItsStartWhateverTheSystemTimeDoes) {

@@ -15,7 +15,7 @@ constexpr std::uint16_t kData = 0x378;
 constexpr std::uint16_t kControl = 0x37A;
 constexpr const char* kActive = "/proc/sys/dev/parport/parport0/devices/active";
 constexpr const char* kIoports =
-    "0000-0cf7 : PCI Bus 0000:00\n  0378-037a : parport0\n  03f8-03ff : serial\n";
+    "0000-0cf7 : PCI Bus 0000:00\n  0378-037a : parport0\n  03f8-03ff : serial\n  0060-0060 : keyboard\n";
 
 struct Parallel : ::testing::Test {
   void write(std::uint16_t address, std::uint8_t value) { host.driver.DlPortWritePortUchar(address, value); }
@@ -74,6 +74,9 @@ TEST_F(Parallel, EachObstacleIsNamedWithTheLineToTypeAndTriedOnceASecond) {
       {"Parallel port 378 is missing: the kernel knows 278",
        [](K& k) { k.files.clear(), k.addPort(0x278, "parport0"); }},
       {"Parallel port 378 has no device node: ", [](K& k) { k.nodes.erase("/dev/parport0"); }},
+      {"Parallel port 378 has no device node: ", [](K& k) { k.nodes["/dev/parport0"] = -ENXIO; }},
+      {"Parallel port 378 has no device node: ", [](K& k) { k.nodes["/dev/parport0"] = -ENODEV; }},
+      {"No permission for parallel port 378: ", [](K& k) { k.nodes["/dev/parport0"] = -EPERM; }},
       // There is no way round a port that the kernel's driver has.
       {"No permission for parallel port 378: ",
        [](K& k) { k.nodes["/dev/parport0"] = -EACCES, k.nodes["/dev/port"] = 0; }},

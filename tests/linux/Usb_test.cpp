@@ -10,6 +10,7 @@
 namespace tessarine {
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::EndsWith;
 
@@ -117,7 +118,7 @@ TEST_F(Usb, TheOneChannelOfASinglePortModuleServesBothPorts) {
   plug("1-2", "6014", "4");
   host.usb.UsbOpen(0);
   EXPECT_THAT(module.taken(), ElementsAre("A open 1 4", "A outputs 0F", "A rate 62500", "A write 1"));
-  shift("");
+  host.usb.UsbShiftWord("B3", "B2", "B0", "B1", 0, "");
   for (const auto& [pins, lock, portB] : {std::tuple{0x80, 1, 0}, {0x7A, 0, 0x0A}}) {
     module.pinsA = static_cast<std::uint8_t>(pins);
     EXPECT_EQ(host.usb.UsbReadPin("A3"), lock);
@@ -126,7 +127,7 @@ TEST_F(Usb, TheOneChannelOfASinglePortModuleServesBothPorts) {
   }
   (void)module.taken();
   host.usb.UsbClose();
-  EXPECT_THAT(module.taken(), ElementsAre("A write 1", "A outputs 0D", "A outputs 00", "A close"));
+  EXPECT_THAT(module.taken(), ElementsAre("A write 1", "A outputs 0E", "A outputs 00", "A close"));
 }
 
 TEST_F(Usb, OfSeveralModulesTheFirstInBusOrderIsUsedAndTheOperatorTold) {
@@ -143,6 +144,8 @@ TEST_F(Usb, OfSeveralModulesTheFirstInBusOrderIsUsedAndTheOperatorTold) {
   EXPECT_THAT(
       notes, ElementsAre("2 USB modules are plugged in: the first in bus order is used, the FT232H at 1-2.1. "
                          "To see where each is, type: lsusb -t"));
+  host.usb.UsbOpen(1);
+  EXPECT_THAT(module.taken(), Contains("B open 1 3"));
 }
 
 TEST_F(Usb, EachObstacleIsNamedWithTheLineToType) {
@@ -156,6 +159,7 @@ TEST_F(Usb, EachObstacleIsNamedWithTheLineToType) {
       {"The USB module is missing: no ", 0, true},
       {"The USB module is missing: no ", kFtdiNotFound},  // since a moment
       {"No permission for the USB module /dev/bus/usb/001/004. Type, ", kFtdiNotOpened, false, -EACCES},
+      {"No permission for the USB module /dev/bus/usb/001/004. Type, ", kFtdiNotOpened, false, -EPERM},
       {"Channel B of the USB module is busy: another ", kFtdiNotOpened, false, 0, "usbfs"},
       {"Channel B of the USB module is busy: another ", kFtdiNotClaimed},  // gone by now
       {"Channel B of the USB module is busy: the kernel driver ", kFtdiNotClaimed, false, 0, "ftdi_sio"},
@@ -208,6 +212,8 @@ TEST_F(Usb, NamesThatDoNotExistAreRefusedBeforeAnythingIsOpened) {
       {[&] { (void)host.usb.UsbReadPin("A8"); }, "There is no USB pin \"A8\", only A0 to A7 and B0 to B7"},
       {[&] { host.usb.UsbShiftWord("A3", "B2", "B1", "B0", 0, "1"); },
        "USB pin A3 is an input; the outputs are B0 to B7"},
+      {[&] { host.usb.UsbShiftWord("B3", "B2", "B1", "A0", 0, "1"); },
+       "USB pin A0 is an input; the outputs are B0 to B7"},
       {[&] { host.usb.UsbShiftWord("B3", "B2", "B1", "B0", 1, "1"); }, "USB shift mode 1 is not 0"},
   };
   for (const auto& [action, sentence] : cases) EXPECT_EQ(faultOf(action), sentence);

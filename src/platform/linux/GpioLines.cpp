@@ -153,7 +153,6 @@ void GpioLines::leave() noexcept {
   calm(~kLock, kAll);
   for (const Taken& taken : taken_) kernel_.close(taken.request);
   taken_.clear();
-  driven_ = 0;
 }
 
 }  // namespace tessarine

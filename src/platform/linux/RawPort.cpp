@@ -33,12 +33,12 @@ std::string ownerOf(Kernel& kernel, std::uint16_t address) {
     const std::size_t begin = line.find_first_not_of(' ');
     const std::size_t dash = line.find('-');
     const std::size_t colon = line.find(" : ");
-    if (dash == std::string::npos || colon == std::string::npos || dash < begin) continue;
+    if (dash == std::string::npos || colon == std::string::npos) continue;
     unsigned first = 0;
     unsigned last = 0;
     std::from_chars(line.data() + begin, line.data() + dash, first, 16);
     std::from_chars(line.data() + dash + 1, line.data() + colon, last, 16);
-    if (first <= address && address <= last && last != 0) owner = line.substr(colon + 3);
+    if (first <= address && address <= last) owner = line.substr(colon + 3);
   }
   return owner;
 }
