@@ -100,6 +100,7 @@ TEST_F(Binding, ShowsWhatTheProgramChangesWithoutTakingItForTheOperator) {
   form.Files.ListIndex = 1;
   QCoreApplication::processEvents();
   EXPECT_THAT(form.noted, ElementsAre("Files b")) << "that of the control itself";
+  EXPECT_EQ(find<QListView>("Files")->currentIndex().row(), 1);
   EXPECT_EQ(find<QLineEdit>("Field")->text(), "2");
   EXPECT_EQ(find<QComboBox>("Combo")->currentText(), "17");
   EXPECT_EQ(find<QComboBox>("Drop")->currentText(), "On");

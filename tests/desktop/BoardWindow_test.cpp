@@ -305,6 +305,9 @@ TEST(BoardWindow, F12ShowsAndHidesItWithoutTakingTheKeyboard) {
   EXPECT_TRUE(comesTrue([&] { return desk.window.isMinimized(); }));
   QTest::keyClick(&other, Qt::Key_F12);
   EXPECT_FALSE(desk.window.isMinimized());
+  QTest::keyClick(&other, Qt::Key_F11);
+  QTest::keyClick(&other, Qt::Key_F12, Qt::ControlModifier);
+  EXPECT_TRUE(desk.window.isVisible());
 
   desk.window.show();
   other.setGeometry(desk.window.geometry());

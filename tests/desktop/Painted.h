@@ -25,7 +25,12 @@ class TextNotes : public QPaintEngine {
   bool end() override { return true; }
   [[nodiscard]] Type type() const override { return User; }
   void updateState(const QPaintEngineState&) override {}
-  void drawPixmap(const QRectF&, const QPixmap&, const QRectF&) override {}
+  void drawPixmap(const QRectF& box, const QPixmap& picture, const QRectF&) override {
+    const QImage image = picture.toImage();
+    const QColor middle = image.pixelColor(image.rect().center());
+    mark("picture " + std::to_string(middle.red() / 64 * 100 + middle.green() / 64 * 10 + middle.blue() / 64),
+         box.center());
+  }
   void drawPath(const QPainterPath& path) override {
     mark("path", path.boundingRect().center());
     if (path.boundingRect().width() == 5) dots.push_back(path.boundingRect().center());
