@@ -64,26 +64,6 @@ TEST(EvaluationBoard, RecordsTheFrequencyOnlyWhenItChanges) {
   EXPECT_TRUE(describeBoard(bench.board()).ends_with("history\t3 changes\t900.000000 MHz\t900.200000 MHz\n"));
 }
 
-TEST(EvaluationBoard, TheLastLoadIsWhatCameSinceTheLastPause) {
-  BoardBench bench("ADF4113");
-  bench.load(kSet4113);
-  const EvaluationBoard& board = bench.board();
-  ASSERT_EQ(board.lastLoad().size(), 3U);
-  const LoadedWord& first = board.lastLoad()[0];
-  EXPECT_EQ(first.bits, kSet4113[0]);
-  EXPECT_EQ(first.registerIndex, 2U);
-  EXPECT_EQ(first.word, 0x038092U);
-  EXPECT_EQ(first.latchTime, 10'000);
-
-  bench.microseconds += 200'000;
-  bench.load("02321D/24"_w);  // A 7 instead of 4
-  ASSERT_EQ(board.lastLoad().size(), 1U);
-  const auto registers = board.chip()->map().registers;
-  EXPECT_TRUE(board.changedByLastLoad(1, registers[1].fields[0]));
-  EXPECT_FALSE(board.changedByLastLoad(1, registers[1].fields[1]));
-  EXPECT_FALSE(board.changedByLastLoad(0, registers[0].fields[0]));
-}
-
 TEST(EvaluationBoard, FieldsAreFoundOnTheWire) {
   BoardBench bench("LMX2326");
   bench.load("C8/21"_w);

@@ -176,17 +176,6 @@ TEST(Chips, LoseTheirRegistersOnlyWhenTheChipChanges) {
             "history\t2 changes\t900.000000 MHz\t900.000000 MHz\nfault\tnone\n");
 }
 
-TEST(Chips, EachTimerOfTheADF4193HasItsOwnWordBehindOneAddress) {
-  BoardBench bench("ADF4193");
-  bench.load("007FF4/24 0040AC/24 004044/24"_w);
-  EXPECT_EQ(bench.field("R4 ICP", "time-out"), 511U);
-  EXPECT_EQ(bench.field("R4 SW3", "time-out"), 5U);
-  EXPECT_EQ(bench.field("R4 SW1/SW2", "time-out"), 2U);
-  EXPECT_FALSE(bench.board().chip()->loaded("R4 no timer"));
-  bench.load("");  // the power-up's strobe of a timer without a word
-  EXPECT_EQ(bench.field("R4 SW1/SW2", "time-out"), 2U);
-}
-
 TEST(Chips, ThePowerUpIsOneLoadAlthoughItRepeatsRegisters) {
   BoardBench bench("ADF4193", 26);
   bench.load(Words(kPowerUp4193.begin(), kPowerUp4193.begin() + 2));
@@ -196,14 +185,6 @@ TEST(Chips, ThePowerUpIsOneLoadAlthoughItRepeatsRegisters) {
   bench.microseconds += 200'000;
   bench.load(kPowerUp4193.back());
   EXPECT_EQ(bench.board().lastLoad().size(), 1U);
-}
-
-TEST(Chips, WordsForNoRegisterChangeNothing) {
-  BoardBench bench("ADF4252");
-  bench.load(kSet4252);
-  bench.load("000004/24"_w);  // an address of the IF synthesizer
-  EXPECT_TRUE(bench.tuning().locked());
-  EXPECT_EQ(bench.board().lastLoad().back().registerIndex, std::nullopt);
 }
 
 }  // namespace

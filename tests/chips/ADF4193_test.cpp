@@ -58,24 +58,5 @@ TEST(ADF4193, AFracWithoutAPhaseIsToldAndCountsAsZero) {
   }
 }
 
-TEST(ADF4193, TimersThatAreNotUsedHaveNoWordButTheirStrobeInThePowerUp) {
-  ADF4193Bench bench;
-  bench.calculate();
-  bench.pll.R4_TimerSelect = "11";
-  bench.pll.R4_TimeOutCounter = "100101100";
-  bench.calculate();
-  EXPECT_EQ(bench.view.words[7] + bench.view.words[8], "R4_2: R4_3: ");
-  bench.pll.SetPLL();
-  EXPECT_EQ(bench.host.port.latches(), "510411/24 2/16 2180D0/24 4B/16 659C/24 5/8 E/16"_w)
-      << "without a power-up as long as the engine does not know its model";
-
-  bench.host.port.accesses.clear();
-  bench.pll.Model = "ADF4193";
-  bench.pll.PowerUpInit();
-  const Words latched = bench.host.port.latches();
-  ASSERT_EQ(latched.size(), 14U);
-  EXPECT_EQ(Words(latched.begin() + 5, latched.begin() + 8), (Words{"", "", "000000000110010110011100"}));
-}
-
 }  // namespace
 }  // namespace tessarine

@@ -90,18 +90,6 @@ TEST(UMC, ValuesAsMantissaAndPowerOfTen) {
   }
 }
 
-TEST(UMC, TheWholeSetInItsOrderWithTheChannelThatCountsStepsAboveTheStart) {
-  for (const auto& [Fvco, channel] :
-       {std::pair{1000.0, "0/32"}, {1001.5, "2/32"}, {1002.5, "2/32"}, {1002.51, "3/32"}}) {
-    ChipBench bench("UMC", Fvco);
-    bench.pll.CalcChannel = true;
-    bench.pll.SetPLL();
-    Words words = "19000001/32 29000002/32 36000001/32 47000001/32"_w;
-    words.push_back(operator""_w(channel, 0)[0]);
-    EXPECT_EQ(bench.host.port.latches(), words) << Fvco;
-  }
-}
-
 TEST(UMC, WhatDoesNotFitIsRefusedAndNotSent) {
   const struct {
     const char* name;  // null: the whole set, with a channel that is counted

@@ -158,18 +158,6 @@ TEST_P(Layout, HoldsInEveryState) {
   }
 }
 
-TEST_P(Layout, FollowsAFontThatChangesUnderway) {
-  Bench bench;
-  bench.startWorking();
-  const QSize before = bench.window().size();
-  const WithFontSize font(GetParam());
-  QCoreApplication::processEvents();
-  EXPECT_EQ(bench.window().size() == before, GetParam() == 9);
-  checkState(bench, bench.form, "working screen");
-  bench.form.Label1.Caption = std::string(300, 'W');
-  EXPECT_DOUBLE_EQ(fittingScale(bench.form, QApplication::font()).x(), 1.5 * Scale(QApplication::font()).x());
-}
-
 INSTANTIATE_TEST_SUITE_P(FontSizes, Layout, ::testing::Values(9, 14));
 
 TEST(SmallScreen, TheWindowScrollsToWhatHasTheFocus) {

@@ -37,40 +37,6 @@ TEST(FirstScreen, ShowsTheChoiceAloneThenTheHourglassThenTheWorkingScreen) {
   EXPECT_TRUE(comesTrue([&] { return bench.find("RefText")->hasFocus(); }));
 }
 
-TEST(GeneralMode, NumbersAndBitsBecomeWordsOnTheScreenAndOnTheWire) {
-  Bench bench;
-  bench.startTuned();
-  bench.port.accesses.clear();
-  bench.click("ACommand");
-  QTest::mouseClick(bench.find("Label31(0)"), Qt::RightButton);  // is none of a bit
-  bench.click("Label31(0)");                                     // DB21, power-down 2
-  bench.click("Label33(0)");                                     // DB1 is fixed
-  bench.click("Label18");
-  bench.press("VCOText", Qt::Key_Return);
-  const std::vector<std::string> words = {bench.text("Fregister"), bench.text("Rregister"),
-                                          bench.text("Nregister")};
-  EXPECT_EQ(words[0], "001000111000000010010010");
-  EXPECT_EQ(words[2], "000000100011001000010001");
-  EXPECT_THAT(paintedTexts(*bench.find("Nregister")),
-              ElementsAre(Key("0000"), Key("0010"), Key("0011"), Key("0010"), Key("0001"), Key("0001")));
-  EXPECT_EQ(bench.port.latches(), words);
-  bench.form.Nregister.Caption = "011110000";
-  bench.form.Rregister.Caption = "11110000";
-  EXPECT_THAT(paintedTexts(*bench.find("Nregister")), ElementsAre(Key("0"), Key("1111"), Key("0000")));
-  EXPECT_THAT(paintedTexts(*bench.find("Rregister")), ElementsAre(Key("1111"), Key("0000")));
-}
-
-TEST(GeneralMode, LockDetectOnUsbTurnsTheLampGreen) {
-  Bench bench;
-  bench.usb.lockPin = 1;
-  bench.startTuned(true);
-  bench.click("AllCommand");
-  EXPECT_EQ(bench.text("LDLabel"), "Lock Detect On");
-  const QImage lamp = bench.find("LDLabel")->grab().toImage();
-  EXPECT_EQ(lamp.pixelColor(8, lamp.height() / 2), QColor(0, 255, 0));
-  EXPECT_THAT(paintedTexts(*bench.find("LDLabel")), ElementsAre(std::pair("Lock Detect On", "#000000")));
-}
-
 TEST(Modes, AModeBeginsAtItsFirstFieldAndTabGoesDownTheOthers) {
   const char* const fields[] = {"VcoText1", "VcoText2", "HopText", "DelayText"};
   const char* const texts[] = {"900", "925.2", "5", "100"};

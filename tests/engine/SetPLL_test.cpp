@@ -22,29 +22,6 @@ struct LoadBench : ChipBench {
   }
 };
 
-TEST(SetPLL, WaitsAfterTheLoadButNotForTheUmcModule) {
-  // Of an unknown model the final write alone.
-  for (const auto& [model, words, milliseconds] : {std::tuple{"ADF4108", 0U, 250}, {"UMC", 5U, 50}}) {
-    LoadBench bench(model);
-    bench.pll.DelayAfterLock = 0.25F;
-    EXPECT_EQ(bench.load().size(), words);
-    EXPECT_EQ(bench.host.port.bytes().back(), 0);
-    EXPECT_EQ(bench.host.clock.elapsed, milliseconds * 1000);
-  }
-}
-
-TEST(SetPLL, WithoutAPrescalerTheOldWordsOfTheModelPickedMeanwhileAreSent) {
-  LoadBench bench("ADF4113");
-  const Words words = bench.load();
-  bench.pll.PreScalar = 0;
-  bench.pll.Fvco = 1000;
-  EXPECT_EQ(bench.load(), words);
-  EXPECT_EQ(bench.host.screen.messages,
-            (std::vector<Message>{{"Pls. set Prescalar", Icon::plain, kApplicationTitle}}));
-  bench.host.screen.whileMessageIsOpen = [&] { bench.module.CurrentModel = "ADF4251"; };
-  EXPECT_EQ(bench.load().size(), 4U);
-}
-
 TEST(SetPLL, TheSkyGetsTheWordsOfTheLoadBefore) {
   LoadBench bench("SKY72300-362", 1234.567);
   EXPECT_EQ(bench.load(), Words(10));

@@ -46,36 +46,6 @@ struct FormsTest : testing::Test, Observer {
   int told = 0;
 };
 
-TEST_F(FormsTest, ArraysKnowTheirMembersByIndex) {
-  EXPECT_EQ(sample.Bits(2).name(), "Bits(2)");
-  EXPECT_EQ(sample.Bits(0).Place.get().Left, 110);
-  EXPECT_EQ(sample.Bits(1).Caption.get(), "0");
-  EXPECT_EQ(list.find("Choice(3)"), &sample.Choice(3));
-  EXPECT_EQ(list.find("Sample.Choice(3)"), &sample.Choice(3));
-  EXPECT_EQ(list.find("Choice"), nullptr) << "ambiguous";
-  EXPECT_THROW((void)sample.Choice(2), std::out_of_range);
-  EXPECT_EQ(sample.seen, "") << "start values raise no events";
-}
-
-TEST_F(FormsTest, OnlyRealChangesAreTold) {
-  sample.Bits(0).Caption = "1";
-  EXPECT_EQ(told, 0);
-  sample.Bits(0).Caption = "0";
-  EXPECT_EQ(told, 1);
-  EXPECT_EQ(sample.seen, "0 ");
-}
-
-TEST_F(FormsTest, OptionsExcludeEachOtherInTheirContainerAlone) {
-  sample.Choice(3).Value = true;
-  EXPECT_FALSE(sample.Choice(0).Value);
-  EXPECT_TRUE(sample.Choice(1).Value);
-  EXPECT_EQ(sample.seen, "3 ") << "losing the selection is no click";
-  sample.Choice(3).Value = true;
-  EXPECT_EQ(sample.seen, "3 ") << "a selection by the program counts only when it changes";
-  EXPECT_FALSE(door.click(sample.Choice(3)));
-  EXPECT_EQ(sample.seen, "3 3 ") << "the operator's click counts always";
-}
-
 TEST_F(FormsTest, ListsRaiseClickAndEditableOnesChange) {
   EXPECT_FALSE(door.pick(sample.List, 1));
   EXPECT_FALSE(door.pick(sample.List, 1));

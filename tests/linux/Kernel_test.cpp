@@ -6,6 +6,7 @@
 #include <netinet/in.h>
 #include <netinet/tcp.h>
 #include <sys/file.h>
+#include <sys/resource.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -14,6 +15,7 @@
 #include <optional>
 #include <string>
 #include <tuple>
+#include <vector>
 
 #include "platform/linux/LinuxSockets.h"
 #include "support/TempFile.h"
@@ -72,6 +74,24 @@ TEST(Sockets, TellTheirAddressAsItIsTypedAndWhoIsAliveBehindThem) {
     socklen_t length = sizeof value;
     ::getsockopt(connection->descriptor(), level, name, &value, &length);
     EXPECT_EQ(value, wanted) << name;
+  }
+  // Where no descriptor is left, who comes is turned away, time and again.
+  rlimit before{};
+  ::getrlimit(RLIMIT_NOFILE, &before);
+  const rlimit few{64, before.rlim_max};
+  for (int turn = 0; turn < 2; ++turn) {
+    const int late = ::socket(AF_INET, SOCK_STREAM, 0);
+    ASSERT_EQ(::connect(late, reinterpret_cast<const sockaddr*>(&place), size), 0);
+    ::setrlimit(RLIMIT_NOFILE, &few);
+    std::vector<int> others;
+    for (int other = 0; (other = ::dup(client)) >= 0;) others.push_back(other);
+    EXPECT_EQ(ours.listener->accept(), nullptr);
+    char nothing = 0;
+    EXPECT_LE(::recv(late, &nothing, 1, MSG_DONTWAIT), 0);
+    EXPECT_NE(errno, EAGAIN);
+    for (const int other : others) ::close(other);
+    ::setrlimit(RLIMIT_NOFILE, &before);
+    ::close(late);
   }
   ::close(client);
 }

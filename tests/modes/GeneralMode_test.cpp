@@ -41,21 +41,6 @@ TEST(GeneralMode, TunesTheWorkedExamplesToTheBit) {
   }
 }
 
-TEST(GeneralMode, ClickInsideAWaitNestsASecondLoad) {
-  TunedBench bench;
-  bench.host.screen.at(25, [&] {
-    bench.set("VCOText", "1000");
-    bench.click("AllCommand");
-  });
-  bench.click("AllCommand");
-  // The nested load falls into the first wait of R's strobe, after R was shifted and before its pulse. R is
-  // then pulsed without new data, and the outer load goes on with the words of the inner one.
-  const std::string n1000 = "27101/24"_w[0];
-  EXPECT_EQ(bench.latches(), (Words{kSet[0], kSet[1] + kSet[0], kSet[1], n1000, "", n1000}));
-  EXPECT_EQ(bench.value("Nregister"), n1000);
-  EXPECT_EQ(bench.host.port.bytes().back(), 0);
-}
-
 TEST(GeneralMode, StartsWithinStartsEndWithOneMessage) {
   TunedBench bench;
   for (int i = 1; i <= 20'000; ++i) bench.clickAt(1, "AllCommand");

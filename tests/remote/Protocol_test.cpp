@@ -66,25 +66,6 @@ TEST(Protocol, RepliesAndRefuses) {
   }
 }
 
-TEST(Protocol, LetsNothingButCommonWordsThroughOnTheFirstScreen) {
-  RemoteBench bench;
-  EXPECT_EQ(bench.say("*RST;SYST:PORT?;:MOD?;FREQ 1;HOP:INIT;:CONT:VIS? 'Picture1'"), "NONE;1\n");
-  EXPECT_EQ(bench.say("SYST:ERR:COUN?"), "3\n");
-  EXPECT_TRUE(bench.say("SYST:ERR?").starts_with("-221,\"Settings conflict;"));
-  EXPECT_EQ(bench.say("SYST:PORT USB;PORT?"), "USB\n");
-  EXPECT_EQ(bench.say("MOD?;FREQ?;FREQ:ACT?;:REG:CAT?"), "\"\";9.91E37;9.91E37;\"\"\n");
-}
-
-TEST(Protocol, KeepsThirtyErrorsAndTheStatus) {
-  RemoteBench bench;
-  for (int i = 0; i < 40; ++i) bench.say("FOO");
-  EXPECT_EQ(bench.say("SYST:ERR:COUN?;:*STB?;*ESE 8;*SRE 36;*STB?;*ESR?;*STB?"), "30;20;116;40;84\n");
-  for (int i = 0; i < 29; ++i) EXPECT_EQ(bench.say("SYST:ERR?"), "-113,\"Undefined header;FOO\"\n");
-  EXPECT_EQ(bench.say("SYST:ERR?;ERR?;:*STB?"), "-350,\"Queue overflow\";0,\"No error\";16\n");
-  bench.say("FOO;*CLS");
-  EXPECT_EQ(bench.say("*STB?;*ESR?"), "0;0\n");
-}
-
 TEST(Protocol, RunsHopsAndSweepsBesideTheRest) {
   for (const std::string what : {"HOP", "SWE"}) {
     TunedBench bench;
