@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "remote/RemoteBench.h"
+#include "support/Sum.h"
 
 namespace tessarine::remote {
 namespace {
@@ -29,7 +30,7 @@ TEST(Protocol, RepliesAndRefuses) {
       {"HOP:COUN 7;*ESE?;COUN?;HOP:COUN?", "0;7", "-113 "},
       {"SWE:FREQ:STAR 1GHZ;STOP 1.5GHZ;STAR?;STOP?", "1000000000;1500000000", ""},
       {"SYST:ERR:NEXT?;COUN?;:SYST:ERR?;VERS?", "0,\"No error\";0;0,\"No error\";1999.0", ""},
-      {"REF 9.00070001E2 khz;REF?", "900070.001", ""},
+      {"REF 9.00070001e2 khz;REF?", "900070.001", ""},
       {"REF 12500.5;REF?;REF +.5E+1 MHZ;REF?;REF -00 GHZ;REF?;REF -1;REF?", "12500.5;5000000;0;-1", ""},
       {"REF 10MAHZ;REF 1S;HOP:COUN 1HZ;DEL 1HZ;*ESE 1S", "", "-131 -131 -138 -131 -138 "},
       {"REF ten;REF '10';REF 1 2;REF .;REF 1E99;REF 1E-99999999999", "", "-104 -104 -131 -104 -222 -222 "},
@@ -53,17 +54,20 @@ TEST(Protocol, RepliesAndRefuses) {
       {longest.c_str(), "10000000", ""},
       {tooLong.c_str(), "", "-363 "},
   };
+  std::string errors;
   for (const Case& c : cases) {
     TunedBench bench;
     const std::string reply = bench.say(c.text);
     std::string numbers;
     for (std::string error; (error = bench.say("SYST:ERR?")) != kNoError;) {
       numbers += error.substr(0, error.find(',')) + ' ';
+      errors += error + '\n';
     }
     const std::string what = std::string(c.text).substr(0, 100);
     EXPECT_EQ(reply, c.replies.empty() ? "" : c.replies + '\n') << what;
     EXPECT_EQ(numbers, c.errors) << what;
   }
+  expectSum("errors", errors, 2789352651);
 }
 
 TEST(Protocol, RunsHopsAndSweepsBesideTheRest) {

@@ -112,10 +112,13 @@ TEST(WiringDialog, PinsBecomeMasksAndTheAddressIsReadAsHexadecimal) {
 
 TEST(WiringDialog, CancelKeepsTheTextsForTheNextPick) {
   ProgramBench bench("ADF4113");
-  bench.click("Parallel");
-  for (const std::size_t i : {0U, 1U, 2U}) bench.set(kFields[i], "7");
-  bench.click("ParallelForm.CancelButton");
-  EXPECT_EQ(bench.pll.CLOCKbit, 1);
+  for (const bool closes : {false, true}) {
+    bench.click("Parallel");
+    for (const std::size_t i : {0U, 1U, 2U}) bench.set(kFields[i], "7");
+    if (closes) (void)bench.program.door.close(bench.window.parallelForm);
+    if (!closes) bench.click("ParallelForm.CancelButton");
+    EXPECT_EQ(bench.pll.CLOCKbit, 1);
+  }
   bench.pick("ADF4112");
   EXPECT_EQ(bench.pll.CLOCKbit, 32);
   bench.click("Parallel");
