@@ -3,10 +3,13 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
+#include <random>
 #include <sstream>
 #include <string>
 
 #include "board/ChipMap.h"
+#include "support/Sum.h"
 
 namespace tessarine::board {
 namespace {
@@ -173,6 +176,30 @@ TEST(Reach, TellsWhatGoesWrongAndWhatWouldNot) {
                                                     << text;
     EXPECT_EQ(reach.met, reach.refused.empty() && reach.why.empty()) << c.what;
   }
+}
+
+// What was told of them when the cases above were worked out.
+TEST(Reach, OfAnyFieldsIsToldAsItWas) {
+  std::mt19937 random(1);
+  const auto one = [&](const auto&... values) {
+    const double all[] = {static_cast<double>(values)...};
+    return all[random() % std::size(all)];
+  };
+  std::string told;
+  for (const ChipModel& chip : chipModels())
+    for (int i = 0; i < 60; ++i) {
+      const double drawn[] = {one(900, 925.2, 1747.200001, 2400.06, 12.5, 4100), one(10, 26, 40, 0, 12.8),
+                              one(200, 40, 30, 0, 1000, 2.5), one(0, 4, 8, 16, 32), one(1, 2, 1.5, 0, 7)};
+      ReachFields fields = typed(drawn[0], drawn[1], drawn[2], static_cast<int>(drawn[3]), drawn[4]);
+      fields.doubler = random() % 3 == 0, fields.halver = random() % 3 == 0;
+      fields.resync = static_cast<int>(one(0, 1, 5));
+      if (random() % 2 == 0) fields = lowestTerms(fields);
+      if (random() % 4 == 0) fields = withFile(fields, static_cast<float>(one(26, 13, 0)), 130);
+      fields.sky = {.division = static_cast<int>(one(1, 2, 0)), .mainPump = static_cast<int>(one(3, 32))};
+      fields.sky.integerOnly = random() % 3 == 0, fields.sky.tenBits = random() % 3 == 0;
+      told += describeReach(reachOf(chip, fields));
+    }
+  expectSum("reaches", told, 1758226164);
 }
 
 }  // namespace
