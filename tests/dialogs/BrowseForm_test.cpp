@@ -59,6 +59,21 @@ TEST_F(BrowseFormTest, TakesThePickedFile) {
   EXPECT_EQ(program.module.BrowseDrive, "/");
 }
 
+TEST_F(BrowseFormTest, CancelKeepsTheTextAndTheDirectory) {
+  const std::string kept = browse([&] {
+    set({{"BrowseForm.Dir1", in("setups/old ones/")}, {"BrowseForm.Text1", "*.x"}});
+    click("BrowseForm.Command2");
+  });
+  EXPECT_EQ(kept, "before");
+  fs::create_directory(root / "setups" / "old ones" / "new");
+  browse([&] {
+    EXPECT_EQ(value("BrowseForm.Label4"), in("setups/old ones"));
+    EXPECT_EQ(value("BrowseForm.Text1"), "*.*");
+    EXPECT_EQ(value("BrowseForm.Text2"), "");
+    EXPECT_EQ(form.Dir1.List.get().back(), "new") << "looked at anew";
+  });
+}
+
 TEST_F(BrowseFormTest, ListsFollowDirectoryPatternAndName) {
   browse([&] {
     set("BrowseForm.File1", "plain");
