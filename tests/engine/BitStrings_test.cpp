@@ -27,6 +27,15 @@ TEST(BitStrings, AnIntegerTurnsIntoDigitsAndIsConsumed) {
   EXPECT_EQ(PLL::LongToBin(2147483647), std::string(31, '1'));
 }
 
+TEST(BitStrings, DigitsTurnIntoAnInteger) {
+  EXPECT_EQ(PLL::BinToInt(std::string(40, '0') + "110"), 6);
+  EXPECT_EQ(PLL::BinToInt(""), 0);
+  EXPECT_EQ(PLL::BinToInt(std::string(15, '1')), 32767);
+  EXPECT_EQ(faultOf([] { (void)PLL::BinToInt("12"); }), "\"12\" is no binary number");
+  EXPECT_EQ(faultOf([] { (void)PLL::BinToInt(std::string(16, '1')); }),
+            "The binary number 1111111111111111 does not fit 15 bits (0 to 32767)");
+}
+
 TEST(BitStrings, AFieldHoldsExactlyItsWidth) {
   EXPECT_EQ(naturalField("A", 6, 6), "000110");
   EXPECT_EQ(shiftingField("A", 6, 6), "011000");
