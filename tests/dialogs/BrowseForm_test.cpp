@@ -62,6 +62,7 @@ TEST_F(BrowseFormTest, TakesThePickedFile) {
 TEST_F(BrowseFormTest, CancelKeepsTheTextAndTheDirectory) {
   const std::string kept = browse([&] {
     set({{"BrowseForm.Dir1", in("setups/old ones/")}, {"BrowseForm.Text1", "*.x"}});
+    EXPECT_EQ(value("BrowseForm.Label4"), in("setups/old ones"));
     click("BrowseForm.Command2");
   });
   EXPECT_EQ(kept, "before");
