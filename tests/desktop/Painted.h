@@ -50,6 +50,7 @@ class TextNotes : public QPaintEngine {
     if (item.text().isEmpty()) return;
     const QFont font = item.font();
     mark(item.text().toStdString() + (font.bold() ? " bold " : " ") +
+             (font.styleHint() == QFont::Monospace ? "mono " : "") +
              std::to_string(qRound(20 * font.pointSizeF() / QApplication::font().pointSizeF())),
          at);
     texts.emplace_back(item.text().toStdString(), painter()->pen().color().name().toStdString());

@@ -22,6 +22,17 @@ struct LoadBench : ChipBench {
   }
 };
 
+TEST(SetPLL, WaitsAfterTheLoadButNotForTheUmcModule) {
+  // Of an unknown model the final write alone.
+  for (const auto& [model, words, milliseconds] : {std::tuple{"ADF4108", 0U, 250}, {"UMC", 5U, 50}}) {
+    LoadBench bench(model);
+    bench.pll.DelayAfterLock = 0.25F;
+    EXPECT_EQ(bench.load().size(), words);
+    EXPECT_EQ(bench.host.port.bytes().back(), 0);
+    EXPECT_EQ(bench.host.clock.elapsed, milliseconds * 1000);
+  }
+}
+
 TEST(SetPLL, TheSkyGetsTheWordsOfTheLoadBefore) {
   LoadBench bench("SKY72300-362", 1234.567);
   EXPECT_EQ(bench.load(), Words(10));

@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <optional>
 #include <string>
 #include <tuple>
@@ -75,6 +76,9 @@ TEST(Sockets, TellTheirAddressAsItIsTypedAndWhoIsAliveBehindThem) {
     ::getsockopt(connection->descriptor(), level, name, &value, &length);
     EXPECT_EQ(value, wanted) << name;
   }
+  const auto begin = std::chrono::steady_clock::now();
+  waitFor({}, 20'000);
+  EXPECT_GE(std::chrono::steady_clock::now() - begin, std::chrono::milliseconds(20));
   // Where no descriptor is left, who comes is turned away, time and again.
   rlimit before{};
   ::getrlimit(RLIMIT_NOFILE, &before);
