@@ -241,7 +241,7 @@ TEST_F(Binding, PaintsTheStatesOfItsWidgetsAsTheyWereLookedOver) {
   paint();
   for (Control* const control : form.controls()) control->Enabled = false;
   paint();
-  expectSum("states", all, 3428599805);
+  expectSum("states", all, 1102562021);
 }
 
 TEST_F(Binding, AFlippedBitRepaintsItselfAlone) {

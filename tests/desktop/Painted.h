@@ -9,6 +9,7 @@
 #include <QPainterPath>
 #include <QPen>
 #include <QWidget>
+#include <optional>
 #include <span>
 #include <string>
 #include <utility>
@@ -37,11 +38,9 @@ class TextNotes : public QPaintEngine {
   }
   void drawRects(const QRectF* boxes, int count) override {
     for (const QRectF& box : std::span(boxes, static_cast<std::size_t>(count))) {
-      constexpr int kThin = 16;
-      mark(box.width() > kThin * box.height()   ? "line"
-           : box.height() > kThin * box.width() ? "edge"
-                                                : "box",
-           box.center());
+      constexpr int kThin = 8;
+      mark("box", box.center());
+      turns += box.width() > kThin * box.height() ? '_' : box.height() > kThin * box.width() ? '|' : ' ';
       fills.emplace_back(painter()->brush().color().name().toStdString(), box);
     }
   }
@@ -49,10 +48,10 @@ class TextNotes : public QPaintEngine {
   void drawTextItem(const QPointF& at, const QTextItem& item) override {
     if (item.text().isEmpty()) return;
     const QFont font = item.font();
-    mark(item.text().toStdString() + (font.bold() ? " bold " : " ") +
-             (font.styleHint() == QFont::Monospace ? "mono " : "") +
-             std::to_string(qRound(20 * font.pointSizeF() / QApplication::font().pointSizeF())),
-         at);
+    if (item.text().size() <= 30)  // not one that is wrapped, where the font will have it
+      mark(item.text().toStdString() + (font.bold() ? " bold " : " ") +
+           (font.styleHint() == QFont::Monospace ? "mono " : "") +
+           std::to_string(qRound(20 * font.pointSizeF() / QApplication::font().pointSizeF())));
     texts.emplace_back(item.text().toStdString(), painter()->pen().color().name().toStdString());
     const QRectF box(at.x(), at.y() - item.ascent(), item.width(), item.ascent() + item.descent());
     places.push_back(painter()->combinedTransform().mapRect(box));
@@ -61,14 +60,15 @@ class TextNotes : public QPaintEngine {
   }
   PaintedTexts texts;
   // What is drawn with which pen and brush, wherever it is; and where it is as seen from the one before.
-  void mark(const std::string& what, QPointF at = {}) {
+  void mark(const std::string& what, std::optional<QPointF> at = {}) {
     const auto [pen, brush] = std::pair(painter()->pen(), painter()->brush());
     marks += what + ' ' + pen.color().name().toStdString() + std::to_string(pen.style()) +
              brush.color().name().toStdString() + '\n';
-    at = painter()->combinedTransform().map(at);
+    if (!at) return;  // it is as wide as its font
+    const QPointF here = painter()->combinedTransform().map(*at);
     const auto turn = [](double way) { return way > 6 ? '+' : way < -6 ? '-' : '0'; };
-    turns += what + ' ' + turn(at.x() - last.x()) + turn(at.y() - last.y()) + '\n';
-    last = at;
+    turns += what + ' ' + turn(here.x() - last.x()) + turn(here.y() - last.y()) + '\n';
+    last = here;
   }
   std::string marks, turns;
   QPointF last;

@@ -68,7 +68,7 @@ QString setup(const QWidget& widget) {
     const QAbstractItemModel& rows = *view->model();
     line += QString::number(view->currentIndex().row());
     for (const QModelIndex& row :
-         rows.match(rows.index(0, 0), Qt::DisplayRole, "*", -1, Qt::MatchWildcard | Qt::MatchRecursive))
+         rows.match(rows.index(0, 0), Qt::DisplayRole, "", -1, Qt::MatchContains | Qt::MatchRecursive))
       for (int column = 0; column < rows.columnCount(row.parent()); ++column) {
         const QModelIndex cell = row.siblingAtColumn(column);
         line +=
@@ -106,10 +106,11 @@ std::string setups(QWidget& window) {
       text += QStringLiteral("\n%1 %2 %3")
                   .arg(entry->text(), entry->shortcut().toString())
                   .arg(entry->isEnabled());
-  QStringList marks = painted(window).split('\n');
-  if (window.findChild<QWidget*>("Dir1")) marks = marks.filter("picture");  // it shows where this stands
-  if (window.findChild<QWidget*>("Dir1")) marks.removeDuplicates();
-  text += '\n' + marks.join('\n');
+  if (QWidget* const folders = window.findChild<QWidget*>("Dir1")) {
+    QStringList pictures = painted(*folders).split('\n').filter("picture");
+    pictures.removeDuplicates();
+    text += '\n' + pictures.join('\n');
+  }
   return text.toStdString() + "\n\n";
 }
 
@@ -128,7 +129,7 @@ TEST(Widgets, AreSetUpAsTheyWereLookedOver) {
     const QImage icon = bench.window().windowIcon().pixmap(64).toImage();
     for (const QPoint& at : {QPoint(32, 58), {14, 49}, {26, 49}, {25, 45}, {14, 12}, {14, 20}})
       all += icon.pixelColor(at).name().toStdString() + '\n';
-    all += setups(bench.window());
+    all += setups(bench.window()) + painted(*bench.find("Picture1")).toStdString();
     const auto noteWhatOpens = [&] {
       bench.later(100, [&] {
         QWidget* const opened = QApplication::activeModalWidget();
@@ -173,7 +174,9 @@ TEST(Widgets, AreSetUpAsTheyWereLookedOver) {
   const auto add = [&](PlotWidget& drawn, double part) {
     drawn.setCursorPlace(drawn.span().from() + part * drawn.span().length());
     const TextCanvas canvas(drawn);
-    all += canvas.notes.marks + canvas.notes.turns;
+    const QStringList marks = QString::fromStdString(canvas.notes.marks).split('\n');
+    all += marks.filter(QRegularExpression("^(box|path)")).join('\n').toStdString();  // but the scales
+    if (&drawn == &wires) all += canvas.notes.marks + canvas.notes.turns;
   };
   for (const char* const load : {"", "900.3", "900.1", "900.5"}) {
     if (std::string(load) == "900.5") desk.port.setFault(board::BoardFault::noLe);
@@ -207,7 +210,7 @@ TEST(Widgets, AreSetUpAsTheyWereLookedOver) {
   desk.settle();
   all += setups(*desk.find("registers"));
   QApplication::setFont(usual);
-  expectSum("widgets", QString::fromStdString(all).remove(folder.path()).toStdString(), 1107519213);
+  expectSum("widgets", QString::fromStdString(all).remove(folder.path()).toStdString(), 882795361);
 }
 
 // Hands that do anything with the mouse and the keyboard, in all windows.
@@ -333,7 +336,7 @@ TEST(Widgets, DoAsTheyDid) {
   }
   std::filesystem::current_path(before);
   QApplication::setKeyboardInputInterval(400);
-  expectSum("hands", all, 111279192);
+  expectSum("hands", all, 3031978305);
 }
 
 }  // namespace
