@@ -88,12 +88,7 @@ struct Session : Hand {
       if (!seen.contains(line)) write(line);
     seen = std::move(now);
   }
-  void write(std::string line) {  // the same wherever this stands
-    const std::string here = std::filesystem::current_path();
-    for (auto at = line.find(here); at != std::string::npos; at = line.find(here))
-      line.erase(at, here.size());
-    log += line + '\n';
-  }
+  void write(const std::string& line) { log += anywhere(line) + '\n'; }
 
   FakePlatform host;
   board::VirtualBoard board{{[this] { return host.clock.elapsed; }, [] { return 40.0; }},
