@@ -63,6 +63,7 @@ TEST(ScriptPlayer, PlaysOneBehindTheOtherAsEachStands) {
     Played played;
     EXPECT_EQ(player.play(script, "t", played), end) << script;
     EXPECT_EQ(played.said, said) << script;
+    EXPECT_FALSE(desktop.answer) << "a message of the operator's own opens its box again";
   }
   EXPECT_LT(watch.elapsed(), 30'000) << "a wait ends where it is stopped, at the time of what stops it";
   desktop.detach();
