@@ -13,9 +13,11 @@
 #include <cstdint>
 #include <cstdio>
 #include <fstream>
+#include <initializer_list>
 #include <iterator>
 #include <map>
 #include <optional>
+#include <random>
 #include <regex>
 #include <set>
 #include <string>
@@ -55,6 +57,17 @@ namespace tessarine {
 [[nodiscard]] inline auto advises(const std::string& beginning) {
   return ::testing::AllOf(::testing::StartsWith(beginning), ::testing::Truly(isInTheManual));
 }
+
+// What the kernel has in store, by chance.
+struct Chance {
+  template <class Thing>
+  Thing oneOf(std::initializer_list<Thing> things) {
+    return things.begin()[random() % things.size()];
+  }
+  bool once(unsigned in) { return random() % in == 0; }
+  int result() { return oneOf({0, 0, 0, 0, 0, 0, 0, -ENOENT, -EACCES, -EPERM, -ENXIO, -ENODEV, -EIO}); }
+  std::mt19937 random{1};
+};
 
 class FakeKernel : public Kernel {
  public:

@@ -5,6 +5,7 @@
 
 #include "linux/FakeKernel.h"
 #include "platform/linux/GpioPlatform.h"
+#include "support/Sum.h"
 #include "support/TempFile.h"
 
 namespace tessarine {
@@ -49,9 +50,12 @@ struct GpioKernel : FakeKernel {
       if (infoResult < 0) return infoResult;
       auto& info = *static_cast<gpio_v2_line_info*>(argument);
       std::strncpy(info.name, lines[info.offset].c_str(), sizeof info.name - 1);
-      if (!holders.contains(lines[info.offset])) return 0;
+      const auto isOurs = [&](int taken) { return std::ranges::count(lines_[taken], info.name) != 0; };
+      const bool isHeld = holders.contains(info.name);
+      if (!isHeld && std::ranges::none_of(requested, isOurs)) return 0;
       info.flags = GPIO_V2_LINE_FLAG_USED;
-      std::strncpy(info.consumer, holders[lines[info.offset]].c_str(), sizeof info.consumer - 1);
+      std::strncpy(info.consumer, isHeld ? holders[info.name].c_str() : "tessarine",
+                   sizeof info.consumer - 1);
     } else if (request == GPIO_V2_GET_LINE_IOCTL) {
       if (takeResult == -EBUSY) holders["GPIO17"] = "spi0 CS0";  // just now
       if (takeResult < 0 && (failing.empty() || failing == lines[0])) return takeResult;
@@ -239,6 +243,74 @@ TEST_F(Gpio, SlowLinesAreToldOnce) {
   EXPECT_THAT(
       notes,
       ElementsAre(StartsWith("The GPIO lines of /dev/gpiochip0 are slow: a change takes 2928 microseconds")));
+}
+
+TEST_F(Gpio, DoAsTheyDidWhateverStandsInTheWay) {
+  Chance chance;
+  std::string all;
+  host.notice = [&](const std::string& text) { all += "! " + text + '\n'; };
+  const GpioKernel well = kernel;
+  for (int i = 0; i < 5000; ++i) {
+    kernel.now += chance.oneOf({0.0, 0.3, 0.99, 1.0});
+    const auto value = static_cast<std::uint8_t>(chance.random());
+    const std::string fault = faultOf([&] {
+      switch (chance.random() % 24) {
+        case 0:
+          kernel.nodes[chance.oneOf({"/dev/gpiochip0", "/dev/gpiochip1"})] =
+              chance.once(3) ? chance.result() : 0;
+          break;
+        case 1:
+          kernel.takeResult = chance.oneOf({0, 0, 0, -EPERM, -EACCES, -EBUSY, -EIO});
+          kernel.failing = chance.oneOf({"", "ID_SDA", "DATA"});
+          break;
+        case 2:
+          kernel.infoResult = chance.oneOf({0, 0, 0, -EINVAL});
+          break;
+        case 3:
+          kernel.result = chance.oneOf({0, 0, 0, -EIO});
+          break;
+        case 4:
+          kernel.holders =
+              chance.once(4) ? std::map<std::string, std::string>{{"LOAD", "spi0"}} : well.holders;
+          break;
+        case 5:
+          kernel.chips["/dev/gpiochip0"][4] = chance.oneOf({"GPIO17", "GPIO17", "GPIO17", "17"});
+          kernel.chips["/dev/gpiochip0"][5] = chance.oneOf({"DATA", "5"});
+          kernel.add("gpiochip1",
+                     {chance.oneOf({"DATA", "DATA", "x"}), chance.oneOf({"DATA", "x", "x", "x"})});
+          break;
+        case 6:
+          kernel.level[chance.oneOf({"SIX", "LOCK", "GPIO17"})] = chance.oneOf({0, 1});
+          break;
+        case 7:
+          kernel.changeTakes = chance.oneOf({0.00001, 0.0005, 0.0006});
+          loadPins = chance.oneOf({std::uint8_t{1}, std::uint8_t{4}});
+          break;
+        case 8:
+          chance.once(2) ? host.leave() : host.usb.UsbClose();
+          break;
+        case 9:
+          chance.once(2) ? host.usb.UsbOpen(0) : host.usb.UsbWritePort("B", value);
+          break;
+        case 10:
+          all += hexByte(host.usb.UsbReadPort(chance.oneOf({"A", "B"})));
+          break;
+        case 11:
+          host.usb.UsbShiftWord("B3", "B2", "B1", "B0", 0, chance.oneOf({"1", "011", "110010"}));
+          break;
+        case 12:
+        case 13:
+          all += hexByte(read());
+          break;
+        default:
+          host.driver.DlPortWritePortUchar(chance.oneOf<std::uint16_t>({0x378, 0x378, 0x37A}), value);
+      }
+    });
+    for (const std::string& call : taken()) all += call + ", ";
+    all += fault + ' ' + std::to_string(kernel.requested.size() + kernel.openNodes()) + ' ' +
+           host.whyNotOpen() + '\n';
+  }
+  expectSum("gpio", all, 3243132056);
 }
 
 TEST(GpioWiresFile, SaysWhichLineIsWhichOrWhatIsWrongWithIt) {

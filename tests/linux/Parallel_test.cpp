@@ -3,6 +3,7 @@
 
 #include "linux/FakeKernel.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "support/Sum.h"
 
 namespace tessarine {
 namespace {
@@ -217,6 +218,71 @@ TEST_F(Parallel, OnlyTheReadBackTellsOfAPortThatIsNotThere) {
   kernel.outb(kData, 4);
   EXPECT_EQ(read(), 4);
   EXPECT_EQ(host.whyNotOpen(), "");
+}
+
+TEST_F(Parallel, DoesAsItDidWhateverStandsInTheWay) {
+  Chance chance;
+  std::string all;
+  kernel.addPort(kData, "parport0");
+  kernel.addPort(0x278, "");
+  const std::string known = "/proc/sys/dev/parport/parport0/base-addr";
+  for (int i = 0; i < 10000; ++i) {
+    if (i == 500) host.notice = [&](const std::string& text) { all += "! " + text + '\n'; };
+    kernel.now += chance.oneOf({0.0, 0.3, 0.99, 1.0});
+    const auto address = chance.oneOf<std::uint16_t>(
+        {kData, kData, kData, kData, kData, kControl, 0x278, 0x27A, 0x379, 0x3F8, 0xFC, 0x100});
+    const auto value = static_cast<std::uint8_t>(chance.random());
+    LinuxPort& way = chance.once(2) ? host.library : host.driver;
+    switch (chance.random() % 32) {
+      case 0:
+        kernel.nodes["/dev/parport0"] = chance.result();
+        break;
+      case 1:
+        kernel.nodes["/dev/port"] = chance.result();
+        break;
+      case 2:
+        kernel.flockResult = chance.oneOf({0, 0, 0, 0, -EWOULDBLOCK, -EIO});
+        break;
+      case 3:
+        kernel.files[kActive] = chance.oneOf({"none\n", "none\n", "none\n", "none\n", "lp\n", "ppdev0\n"});
+        kernel.othersRegistered = kernel.files[kActive] != "none\n" || chance.once(3);
+        kernel.othersExclusive = chance.once(8);
+        if (kernel.othersRegistered && chance.once(6)) kernel.files.erase(kActive);
+        break;
+      case 4:
+        kernel.broken = chance.once(6);
+        break;
+      case 5:
+        kernel.iopermResult = chance.result();
+        kernel.root = chance.once(2);
+        break;
+      case 6:
+        host.leave();
+        break;
+      case 7:
+        kernel.files[known] = chance.oneOf({"888\n", "888\n", "888\n", "888\n", "888\n", "632\n", "x"});
+        kernel.files["/proc/ioports"] =
+            chance.oneOf({"", kIoports, "0278-027a : dma1\n", "0100-0378 : pnp 1\n  0101-0378 : x\n"});
+        break;
+      case 8:
+        kernel.outb(address, value);
+        break;
+      case 9:
+      case 10:
+        all += hexByte(address) + " reads ";
+        all += faultOf([&] { all += hexByte(way.DlPortReadPortUchar(address)) + ' '; }) + '\n';
+        break;
+      default:
+        all += hexByte(address) + " takes " + hexByte(value) + ' ';
+        all += faultOf([&] { way.DlPortWritePortUchar(address, value); }) + '\n';
+    }
+    for (const std::string& call : kernel.taken()) all += call + ", ";
+    for (const int place : {0x378, 0x37A, 0x278, 0x27A})
+      all += hexByte(kernel.at(static_cast<std::uint16_t>(place))) + ' ';
+    all += std::to_string(kernel.openNodes()) + " open " + host.whyNotOpen() + '\n';
+  }
+  EXPECT_FALSE(kernel.waitedForEver);
+  expectSum("parallel", all, 956626446);
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 
 #include "linux/FakeKernel.h"
 #include "platform/linux/LinuxPlatform.h"
+#include "support/Sum.h"
 
 namespace tessarine {
 namespace {
@@ -24,7 +25,8 @@ struct FakeModule : FtdiLibrary {
   std::vector<std::uint8_t> levels;
   int openResult = 0;
   bool unplugged = false;
-  int takes = 1 << 20;  // bytes of the next transfers
+  std::string failing = "none";  // calls
+  int takes = 1 << 20;           // bytes of the next transfers
   std::uint8_t pinsA = 0;
 
  private:
@@ -51,7 +53,7 @@ struct FakeModule : FtdiLibrary {
    private:
     int record(const std::string& call, int result) {
       module_.calls.push_back(name_ + call);
-      return module_.unplugged ? kFtdiNotFound : result;
+      return module_.unplugged || call.find(module_.failing) != std::string::npos ? kFtdiNotFound : result;
     }
     FakeModule& module_;
     std::string name_;
@@ -218,6 +220,69 @@ TEST_F(Usb, NamesThatDoNotExistAreRefusedBeforeAnythingIsOpened) {
   };
   for (const auto& [action, sentence] : cases) EXPECT_EQ(faultOf(action), sentence);
   EXPECT_TRUE(module.calls.empty());
+}
+
+TEST_F(Usb, DoesAsItDidWhateverStandsInTheWay) {
+  Chance chance;
+  std::string all;
+  host.notice = [&](const std::string& text) { all += "! " + text + '\n'; };
+  host.usb.UsbOpen(0);
+  for (int i = 0; i < 3000; ++i) {
+    const auto pins = static_cast<std::uint8_t>(chance.random());
+    const std::string name = chance.oneOf({"A0", "A3", "A3", "A7", "B0", "B1", "B2", "B3", "B7"});
+    const std::string fault = faultOf([&] {
+      switch (chance.random() % 12) {
+        case 0:
+          for (const char* const place : {"1-2", "1-2.1", "2-10"})
+            if (chance.once(3))
+              plug(place, chance.oneOf({"6010", "6011", "6014", "6001"}), std::to_string(i % 200));
+          break;
+        case 1:
+          kernel.files.erase(
+              chance.oneOf({"/sys/bus/usb/devices/1-2/idVendor", "/sys/bus/usb/devices/2-10/idVendor"}));
+          break;
+        case 2:
+          module.openResult = chance.oneOf({0, 0, 0, 0, kFtdiNotFound, kFtdiNotOpened, kFtdiNotClaimed, -6});
+          module.failing =
+              chance.oneOf({"none", "none", "A outputs", "B outputs FF", "rate", "write", "pins"});
+          for (PluggedModule& plugged : pluggedModules(kernel))
+            kernel.nodes[plugged.node()] = chance.result();
+          for (const char* const channel : {"0", "1"})
+            kernel.files[std::string("/sys/bus/usb/devices/1-2:1.") + channel + "/driver"] =
+                chance.oneOf({"", "/usbfs", "/ftdi_sio"});
+          break;
+        case 3:
+          module.takes = chance.oneOf({1000, 1000, 5});
+          module.unplugged = chance.once(4);
+          break;
+        case 4:
+          module.pinsA = pins;
+          break;
+        case 5:
+          host.usb.UsbOpen(chance.oneOf({0, 0, 1}));
+          break;
+        case 6:
+          chance.once(2) ? host.usb.UsbClose() : host.leave();
+          break;
+        case 7:
+          host.usb.UsbWritePort("B", pins);
+          break;
+        case 8:
+          all += hexByte(host.usb.UsbReadPort(chance.oneOf({"A", "B"})));
+          break;
+        case 9:
+          all += name + std::to_string(host.usb.UsbReadPin(name));
+          break;
+        default:
+          host.usb.UsbShiftWord("B3", "B2", "B1", "B0", 0, chance.oneOf({"1", "011", "110010"}));
+      }
+    });
+    for (const std::string& call : module.taken()) all += call + ", ";
+    for (const std::uint8_t level : module.levels) all += hexByte(level);
+    module.levels.erase(module.levels.begin(), module.levels.end() - 1);
+    all += ' ' + fault + ' ' + std::to_string(kernel.openNodes()) + '\n';
+  }
+  expectSum("usb", all, 1285356229);
 }
 
 }  // namespace

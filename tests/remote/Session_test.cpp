@@ -7,8 +7,10 @@
 #include <iterator>
 #include <memory>
 #include <random>
+#include <sstream>
 #include <string>
 #include <utility>
+#include <vector>
 
 #include "remote/RemoteBench.h"
 #include "support/AnyHand.h"
@@ -66,82 +68,63 @@ TEST(Session, AnswersEachQueryOnceAndKeepsTheErrors) {
   expectSum("replies", replies, 3369349877);
 }
 
-// Where a client, another one and the operator do anything at any time.
+// Where clients who come and go, and the operator, do anything at any time.
 TEST(Session, GoesOnBesideAnOperator) {
-  static const char* const kAny[] = {"MOD 'ADF4193'",
-                                     "MOD 'LMX2326'",
-                                     "MOD 'ADF4252'",
-                                     "MOD 'SKY72300-362'",
-                                     "MOD 'ADF4153'",
-                                     "LOAD:INIT",
-                                     "LOAD",
-                                     "SWE:MODE STEP",
-                                     "SWE:MODE AUTO",
-                                     "SWE:NEXT",
-                                     "SWE:PREV",
-                                     "SWE:INIT",
-                                     "HOP:INIT",
-                                     "HOP:ABOR;:SWE:ABOR",
-                                     "FREQ 1747.2MHZ",
-                                     "REF 40MHZ",
-                                     "STEP 200KHZ",
-                                     "PRES '8/9'",
-                                     "*RST",
-                                     "*OPC",
-                                     "*WAI",
-                                     "SYST:ERR?",
-                                     "CONT:VIS? 'Text47'",
-                                     "CONT:CLIC 'ACommand'",
-                                     "REG? 'R0'",
-                                     "SET:FRAC 'x'",
-                                     "SET:BAND 'x'",
-                                     "MOD?;REG:CAT?",
-                                     "LOCK?;FREQ:ACT?;:FREQ?",
-                                     "CONT:CLIC 'Gen1'",
-                                     "*STB?;*ESR?",
-                                     "REG? 'N'",
-                                     "SWE:FREQ:STAR 900MHZ",
-                                     "SWE:FREQ:STOP 901MHZ",
-                                     "SWE:STEP 200KHZ",
-                                     "HOP:COUN 3",
-                                     "SWE:STAT?",
-                                     "HOP:FREQ1 900MHZ",
-                                     "SYST:PORT?",
-                                     "HOP:STAT?;DEL?",
-                                     "HOP:FREQ2 1GHZ",
-                                     "SET:BAND?",
-                                     "HOP:DEL 20MS",
-                                     "PRES?;:SET:FRAC?",
-                                     "SYST:ERR:COUN?"};
+  std::istringstream lines(
+      "MOD 'ADF4193'|MOD 'LMX2326'|MOD 'ADF4252'|MOD 'SKY72300-362'|MOD 'ADF4153'|MOD 'ADF4113'|"
+      "LOAD:INIT|LOAD|*CLS|SWE:MODE STEP|SWE:MODE AUTO|SWE:NEXT|SWE:PREV|SWE:INIT|HOP:INIT|HOP:INIT;*OPC|"
+      "HOP:ABOR;:SWE:ABOR|*RST|*OPC|*WAI|FREQ 1747.2MHZ|REF 40MHZ|STEP 200KHZ|PRES '8/9'|SYST:ERR?|"
+      "CONT:VIS? 'Text47'|CONT:CLIC 'ACommand'|*ESE 17|*SRE 255|REG? 'R0'|SET:FRAC 'x'|SET:BAND 'x'|"
+      "MOD?;REG:CAT?|LOCK?;FREQ:ACT?;:FREQ?|CONT:CLIC 'Gen1'|*STB?;*ESR?|REG? 'N'|SWE:FREQ:STAR 900MHZ|"
+      "SWE:FREQ:STOP 901MHZ|SWE:STEP 200KHZ|SWE:STEP -1KHZ|SWE:STAT?|HOP:COUN 1|HOP:COUN 2|"
+      "HOP:FREQ1 900MHZ|HOP:FREQ2 1GHZ|HOP:DEL 20MS|HOP:STAT?;DEL?|SYST:PORT?|SET:BAND?|SYST:ERR:COUN?|"
+      "PRES?;:SET:FRAC?|*OPC?;X");
+  std::vector<std::string> any;
+  for (std::string line; std::getline(lines, line, '|');) any.push_back(line);
   std::string all;
   for (unsigned seed = 0; seed < 12; ++seed) {
     std::mt19937 random(seed);
     RemoteBench bench;
     bench.say((seed % 3 == 0 ? "SYST:PORT USB" : "SYST:PORT LPT") +
               std::string(";:MOD 'ADF4113';REF 10MHZ;STEP 200KHZ;PRES '8/9';FREQ 900MHZ;LOAD"));
-    const std::shared_ptr<Wire> wires[] = {bench.client, bench.connect()};
+    std::vector<std::shared_ptr<Wire>> wires = {bench.client, bench.connect()};
+    bench.server.woken = [&] { all += "woken "; };
+    bench.server.changed = [&] { all += "changed "; };
     bench.screen.whileModal = [&](forms::Form& form) {
-      all += "modal " + bench.say(*wires[1], "CONT:VIS? 'BrowseForm.Text1';:SYST:ERR?");
+      all += "modal " + bench.say(*wires.back(), "CONT:VIS? 'BrowseForm.Text1';:SYST:ERR?");
       form.Unload();
     };
     const auto act = [&] {
       if (bench.screen.ended) return;
-      if (random() % 4 == 0) {
+      Wire& wire = *wires[wires.size() - 1 - random() % 2];
+      const auto what = random() % 16;
+      if (what < 4) {
         all += actAtRandom(bench.program, random, true) + '\n';
+      } else if (what == 4) {
+        wire.reads = random() % 4 != 0;
+      } else if (what == 5 && random() % 4 == 0) {
+        wire.flow = random() % 2 == 0 ? Flow::ended : Flow::broken;
+        wires.push_back(bench.connect());
       } else {
-        const std::string line = kAny[random() % std::size(kAny)];
-        all += line + ": " + bench.say(*wires[random() % 2], line) + '\n';
+        const std::string line = any[random() % any.size()];
+        const auto cut = line.size() - (random() % 8 == 0 ? random() % line.size() : 0);
+        wire.toProgram += line.substr(0, cut);
+        bench.server.serve();
+        all += line + ": " + bench.say(wire, line.substr(cut)) + '\n';
       }
       for (const Message& message : std::exchange(bench.screen.messages, {})) all += message.text + '\n';
+      for (const Interest& interest : bench.server.interests())
+        all += std::to_string(interest.descriptor) + (interest.readable ? "r" : "-") +
+               (interest.writable ? "w " : "- ");
       all += bench.server.describe() + '\n';
     };
-    for (int i = 0; i < 600; ++i) {
+    for (int i = 0; i < 1000; ++i) {
       if (i % 4 == 0) bench.screen.at(10, act);
-      bench.screen.at(500, [&] { bench.say(*wires[i % 2], "HOP:ABOR;:SWE:ABOR"); });
+      bench.screen.at(500, [&] { bench.say(*wires.back(), "HOP:ABOR;:SWE:ABOR"); });
       act();
     }
   }
-  expectSum("beside", all, 2042529213);
+  expectSum("beside", all, 4114792351);
 }
 
 }  // namespace
