@@ -19,6 +19,12 @@ namespace tessarine::desktop {
 
 using PaintedTexts = std::vector<std::pair<std::string, std::string>>;
 
+// Which way it is, as far as it is the same in every font.
+inline std::string wayOf(const QPointF& from, const QPointF& to) {
+  const auto turn = [](double way) { return way > 6 ? '+' : way < -6 ? '-' : '0'; };
+  return {' ', turn(to.x() - from.x()), turn(to.y() - from.y()), '\n'};
+}
+
 class TextNotes : public QPaintEngine {
  public:
   TextNotes() : QPaintEngine(AllFeatures) {}
@@ -66,8 +72,7 @@ class TextNotes : public QPaintEngine {
              brush.color().name().toStdString() + '\n';
     if (!at) return;  // it is as wide as its font
     const QPointF here = painter()->combinedTransform().map(*at);
-    const auto turn = [](double way) { return way > 6 ? '+' : way < -6 ? '-' : '0'; };
-    turns += what + ' ' + turn(here.x() - last.x()) + turn(here.y() - last.y()) + '\n';
+    turns += what + wayOf(last, here);
     last = here;
   }
   std::string marks, turns;

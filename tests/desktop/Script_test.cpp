@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QProcess>
+#include <QScrollBar>
 #include <QTemporaryDir>
 #include <QTextBlock>
 #include <fstream>
@@ -74,6 +75,12 @@ TEST_F(ScriptPage, ShowsSavesAndCopiesTheRecordingAndTheSnapshot) {
   recording = "# head\n";
   record("at 5 click B\nclick A\n");  // it came in front
   EXPECT_EQ(shown(), "# head\nat 5 click B\nclick A\n");
+  QScrollBar& bar = *find<QPlainTextEdit>("scriptText").verticalScrollBar();
+  for (const bool atEnd : {true, false}) {
+    record(std::string(100, '\n'));
+    EXPECT_EQ(bar.value() == bar.maximum(), atEnd) << "the end in sight stays there";
+    bar.setValue(0);
+  }
   press("takeSnapshot");
   record("click C\n");
   EXPECT_EQ(shown(), "# snap\n");
