@@ -45,62 +45,6 @@ TEST_F(Parallel, PpdevIsClaimedAloneSetToRestAndRestored) {
   EXPECT_THAT(kernel.taken(), ElementsAre("PPWDATA 00", "PPWCONTROL 0C", "PPRELEASE", "close"));
 }
 
-TEST_F(Parallel, EachObstacleIsNamedWithTheLineToTypeAndTriedOnceASecond) {
-  using K = FakeKernel;
-  const struct {
-    const char* sentence;
-    void (*set)(K&);  // of a kernel whose driver knows the port
-    bool throughLibrary = false;
-    std::uint16_t address = kData;
-  } obstacles[] = {
-      {"Parallel port 378 is missing: the kernel's modules for it", [](K& k) { k.files.clear(); }},
-      {"Parallel port 378 is missing: the kernel knows 278",
-       [](K& k) { k.files.clear(), k.addPort(0x278, "parport0"); }},
-      {"Parallel port 378 has no device node: ", [](K& k) { k.nodes.erase("/dev/parport0"); }},
-      {"Parallel port 378 has no device node: ", [](K& k) { k.nodes["/dev/parport0"] = -ENXIO; }},
-      {"Parallel port 378 has no device node: ", [](K& k) { k.nodes["/dev/parport0"] = -ENODEV; }},
-      {"No permission for parallel port 378: ", [](K& k) { k.nodes["/dev/parport0"] = -EPERM; }},
-      // There is no way round a port that the kernel's driver has.
-      {"No permission for parallel port 378: ",
-       [](K& k) { k.nodes["/dev/parport0"] = -EACCES, k.nodes["/dev/port"] = 0; }},
-      {"Parallel port 378 is busy: another program holds it. ", [](K& k) { k.flockResult = -EWOULDBLOCK; }},
-      {"Parallel port 378 is busy: another program holds it (ppdev0). ",
-       [](K& k) { k.files[kActive] = "ppdev0\n", k.othersRegistered = true; }},
-      {"Parallel port 378 is busy: another program holds it. ", [](K& k) { k.othersExclusive = true; }},
-      {"Raw access to parallel port 378 is forbidden by the kernel",
-       [](K& k) { k.files.clear(), k.nodes["/dev/port"] = -EPERM, k.root = true; }},
-      {"No permission for raw access to parallel port 378: ", [](K& k) { k.nodes["/dev/port"] = -EACCES; },
-       true},
-      {"Parallel port 378 is busy: the printer driver lp holds it",
-       [](K& k) { k.files[kActive] = "lp\n", k.nodes["/dev/port"] = 0; }, true},
-      {"Address 3F8 is forbidden: it is no parallel port but belongs to serial",
-       [](K& k) { k.nodes["/dev/port"] = 0; }, true, 0x3F8},
-      {"Address 379 is missing: ", [](K&) {}, false, 0x379},
-  };
-  for (const auto& obstacle : obstacles) {
-    SCOPED_TRACE(obstacle.sentence);
-    FakeKernel k;
-    k.addPort(kData, "parport0");
-    k.files["/proc/ioports"] = kIoports;
-    obstacle.set(k);
-    LinuxPlatform p(k, ftdi, [] {});
-    LinuxPort& way = obstacle.throughLibrary ? p.library : p.driver;
-    const auto attempt = [&] { return faultOf([&] { way.DlPortWritePortUchar(obstacle.address, 0); }); };
-    const std::string told = attempt();
-    EXPECT_THAT(told, advises(obstacle.sentence));
-    EXPECT_EQ(p.whyNotOpen(), told);
-    EXPECT_FALSE(k.waitedForEver);
-
-    const std::size_t opening = k.taken().size();
-    k.now += 0.9;
-    for (int i = 0; i < 110; ++i) EXPECT_EQ(attempt(), told);
-    EXPECT_THAT(k.taken(), IsEmpty());
-    k.now += 0.2;
-    EXPECT_EQ(attempt(), told);
-    EXPECT_EQ(k.taken().size(), opening);
-  }
-}
-
 TEST_F(Parallel, RawAccessStandsInWhereNoDriverHasTheAddress) {
   kernel.addPort(kData, "");
   kernel.addPort(0x278, "parport0");
